@@ -1,0 +1,31 @@
+# What is built, and how strictly. The presets set what developers and CI use; the defaults here are
+# those of a user who builds the library to install it.
+option(OXA_BUILD_EXAMPLES "Build oxa-graph and its plug-ins" ON)
+option(OXA_BUILD_TESTS "Build the tests" OFF)
+option(OXA_BUILD_BENCHMARKS "Build the benchmarks" OFF)
+option(OXA_WERROR "Treat warnings as errors" OFF)
+option(OXA_CLANG_TIDY "Check the sources with clang-tidy as they are compiled" OFF)
+set(OXA_SANITIZE "" CACHE STRING "Sanitizers for -fsanitize=, such as address,undefined")
+option(OXA_COVERAGE "Instrument for coverage" OFF)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(OXA_PLUGIN_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/plugins)
+set(OXA_PLUGIN_DIRECTORY ${CMAKE_INSTALL_LIBDIR}/oxa/plugins)
+
+if(OXA_SANITIZE)
+  add_compile_options(-fsanitize=${OXA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${OXA_SANITIZE})
+endif()
+if(OXA_COVERAGE)
+  add_compile_options(--coverage -fprofile-update=atomic)
+  add_link_options(--coverage)
+endif()

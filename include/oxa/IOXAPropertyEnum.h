@@ -1,0 +1,40 @@
+// The enumerator over the registered properties.
+#pragma once
+
+#include <oxa/IOXAReference.h>
+#include <oxa/interface_ids.h>
+#include <oxa/result.h>
+
+class IOXAProperty;
+
+// Walks a list of properties. Implemented by the library; used by one thread at a time.
+// Items are borrowed: the enumerator neither holds nor hands out references. Begin with GetFirst:
+// the cursor starts on the first item, so a first GetNext skips it.
+class IOXAPropertyEnum : public IOXAReference {
+ public:
+  // Moves to the first item and stores it.
+  // S_OK; S_FALSE for an empty list, with `*out` null; E_POINTER for a null `out` or an enumerator
+  // without a list.
+  virtual OXAResult GetFirst(IOXAProperty** out) = 0;
+
+  // Moves to the next item and stores it, with the results of GetFirst. The list is a ring through
+  // its end: after S_FALSE the next call gives the first item again.
+  virtual OXAResult GetNext(IOXAProperty** out) = 0;
+
+  // Makes a second enumerator over the same items; the caller owns one reference to `*out`. Begin
+  // with its GetFirst.
+  // S_OK; E_POINTER for a null `out`, and also, with `*out` stored, for an enumerator without a
+  // list; E_OUTOFMEMORY with `*out` null.
+  virtual OXAResult Clone(IOXAPropertyEnum** out) = 0;
+
+  // Returns the number of items.
+  virtual unsigned long Count() = 0;
+
+ protected:
+  ~IOXAPropertyEnum() = default;
+};
+
+template <>
+struct OXAInterfaceId<IOXAPropertyEnum> {
+  static const _GUID& value() { return IID_IOXAPropertyEnum; }
+};

@@ -1,0 +1,116 @@
+// Range-for over the enumerators.
+#pragma once
+
+#include <oxa/IOXADirectoryScanner.h>
+#include <oxa/IOXAInterfaceEnum.h>
+#include <oxa/guid.h>
+#include <oxa/result.h>
+
+#include <cstddef>
+#include <iterator>
+
+namespace oxa {
+inline namespace sdk1 {
+
+// A range over something with a GetFirst and a GetNext that share one cursor, so only one loop at a
+// time can run over it. `Source` gives `Item`, and `OXAResult first(Item&)` and `next(Item&)`.
+template <class Source>
+class EnumeratorRange {
+ public:
+  using Item = typename Source::Item;
+
+  class Iterator {
+   public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = Item;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const Item*;
+    using reference = const Item&;
+
+    Iterator() = default;
+    explicit Iterator(Source source) : source_(source) { take(source_.first(item_)); }
+
+    reference operator*() const { return item_; }
+    pointer operator->() const { return &item_; }
+    Iterator& operator++() {
+      take(source_.next(item_));
+      return *this;
+    }
+    void operator++(int) { ++*this; }
+
+    friend bool operator==(const Iterator& left, const Iterator& right) {
+      return left.at_end_ == right.at_end_;
+    }
+    friend bool operator!=(const Iterator& left, const Iterator& right) { return !(left == right); }
+
+   private:
+    void take(OXAResult result) { at_end_ = result != S_OK; }
+
+    Source source_;
+    Item item_{};
+    bool at_end_ = true;
+  };
+
+  explicit EnumeratorRange(Source source) : source_(source) {}
+
+  // Moves the enumerator to its first item.
+  Iterator begin() const { return Iterator(source_); }
+  Iterator end() const { return Iterator(); }
+
+ private:
+  Source source_;
+};
+
+// One pair of an interface enumerator. `object` is borrowed.
+struct InterfaceEntry {
+  _GUID iid;
+  void* object;
+};
+
+struct InterfaceSource {
+  using Item = InterfaceEntry;
+  OXAResult first(Item& item) { return enumerator->GetFirst(item.iid, &item.object); }
+  OXAResult next(Item& item) { return enumerator->GetNext(item.iid, &item.object); }
+  IOXAInterfaceEnum* enumerator = nullptr;
+};
+
+struct NameSource {
+  using Item = wchar_t*;
+  OXAResult first(Item& item) { return scanner->GetFirst(&item); }
+  OXAResult next(Item& item) { return scanner->GetNext(&item); }
+  IOXADirectoryScanner* scanner = nullptr;
+};
+
+template <class Enumerator, class ItemType>
+struct ItemSource {
+  using Item = ItemType*;
+  OXAResult first(Item& item) { return enumerator->GetFirst(&item); }
+  OXAResult next(Item& item) { return enumerator->GetNext(&item); }
+  Enumerator* enumerator = nullptr;
+};
+
+// Ranges over the pairs of an interface enumerator, which stays the caller's and must outlive the
+// loop.
+inline EnumeratorRange<InterfaceSource> entries(IOXAInterfaceEnum& enumerator) {
+  return EnumeratorRange<InterfaceSource>(InterfaceSource{&enumerator});
+}
+
+// Ranges over the names that a scanner's last Scan found; the names belong to the scanner.
+inline EnumeratorRange<NameSource> names(IOXADirectoryScanner& scanner) {
+  return EnumeratorRange<NameSource>(NameSource{&scanner});
+}
+
+// Ranges over the items of a list enumerator, such as an IOXAPropertyEnum; items are borrowed.
+template <class Enumerator, class Item>
+EnumeratorRange<ItemSource<Enumerator, Item>> items(Enumerator& enumerator,
+                                                    OXAResult (Enumerator::*)(Item**)) {
+  return EnumeratorRange<ItemSource<Enumerator, Item>>(ItemSource<Enumerator, Item>{&enumerator});
+}
+
+template <class Enumerator>
+auto items(Enumerator& enumerator) {
+  return items(enumerator, &Enumerator::GetFirst);
+}
+
+}  // namespace sdk1
+}  // namespace oxa

@@ -1,0 +1,26 @@
+// The context.
+#pragma once
+
+#include <oxa/IOXAContext.h>
+#include <oxa/sdk/implements.h>
+
+#include <vector>
+
+#include "core/guid_numbering.h"
+
+// The table from interface id to service, which holds one reference to each.
+class OXAContext final : public oxa::Implements<IOXAContext> {
+ public:
+  // Builds and files the default services; `result` receives the outcome.
+  explicit OXAContext(OXAResult& result);
+
+  OXAResult GetInterface(const _GUID& iid, void** out) override;
+  OXAResult AddToContext(const _GUID& iid, void* object) override;
+
+  // Releases the services in the order in which their ids were first added.
+  ~OXAContext() override;
+
+ private:
+  guid_numbering numbers_;
+  std::vector<IOXAReference*> services_;  // by service number
+};

@@ -1,0 +1,45 @@
+// The registry entries of one interface id in one namespace.
+#pragma once
+
+#include <oxa/IOXAInterfaceEnum.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+// Keeps entries in registration order. Adding and removing cost the same however many there are: a
+// removed entry leaves a gap, gaps are closed when they are the half, and from the first removal
+// out of many an index leads from each object to its entries.
+class interface_bucket {
+ public:
+  bool empty() const noexcept { return live_ == 0; }
+  std::size_t size() const noexcept { return live_; }
+
+  // Throws std::bad_alloc with nothing changed.
+  void add(const _GUID& iid, void* object);
+
+  // Takes out the first entry of `object`; false when there is none. Throws std::bad_alloc with
+  // nothing changed.
+  bool remove(void* object);
+
+  // Appends the entries to `list`.
+  void append_to(OXAInterfaceList& list) const;
+
+ private:
+  // The positions of one object's entries: the first and the last, linked by `next_`.
+  struct chain {
+    std::size_t first;
+    std::size_t last;
+  };
+
+  bool remove_by_search(void* object);
+  void build_index();
+  void drop_index() noexcept;
+  void close_gaps();
+
+  OXAInterfaceList entries_;  // a gap has a null object
+  std::size_t live_ = 0;
+  std::unordered_map<void*, chain> chains_;  // the index: empty until it is needed
+  std::vector<std::size_t> next_;            // as long as `entries_` while there is an index
+};

@@ -1,0 +1,240 @@
+#include "plugins/OXAPluginLoader.h"
+
+#include <oxa/sdk/guard.h>
+#include <oxa/sdk/ranges.h>
+#include <oxa/shared_objects.h>
+
+#include <memory>
+#include <vector>
+
+#include "core/factory.h"
+#include "plugins/to_wstring.h"
+
+namespace {
+
+// The one loader of the process; it holds no reference.
+IOXAPluginLoader* process_loader = nullptr;
+
+constexpr OXAResult already_loaded = 5;
+
+constexpr char plugins_namespace[] = "plugins";
+
+const char* namespace_for(const _GUID& iid) {
+  if (iid == IID_IOXAFileReader) {
+    return "readers";
+  }
+  if (iid == IID_IOXAFileWriter) {
+    return "writers";
+  }
+  if (iid == IID_IOXAAlgorithm) {
+    return "algorithms";
+  }
+  if (iid == IID_IOXALayout) {
+    return "layouts";
+  }
+  return "misc";
+}
+
+struct shared_object_closer {
+  void operator()(void* handle) const { UnloadPlugin(handle); }
+};
+
+using shared_object = std::unique_ptr<void, shared_object_closer>;
+
+}  // namespace
+
+OXAPluginLoader::OXAPluginLoader(IOXAContext* context, OXAResult& result) : context_(context) {
+  result = context_->GetInterface(IID_IOXADebugMessage, oxa::adopt_into(sink_));
+  if (result < 0) {
+    return;
+  }
+  scanner_ = oxa::make<OXADirectoryScanner>();
+  result = context_->GetInterface(IID_IOXAInterfaceManager, oxa::adopt_into(registry_));
+}
+
+OXAResult OXAPluginLoader::Load(const wchar_t* path) {
+  if (path == nullptr) {
+    return E_INVALIDARG;
+  }
+  return oxa::guard([&] {
+    if (plugins_.find(std::wstring_view(path)) != plugins_.end()) {
+      return already_loaded;
+    }
+    _plugin plugin;
+    plugin.path = path;
+    return open(plugin);
+  });
+}
+
+// Every return but the last closes the shared object again. Plug-in code runs behind the wall, and
+// what it throws is caught in here: an exception must not outlive the code of its own destructor.
+OXAResult OXAPluginLoader::open(_plugin& plugin) {
+  shared_object opened(LoadPluginW(plugin.path.c_str()));
+  if (opened == nullptr) {
+    return E_FAIL;
+  }
+  plugin.handle = opened.get();
+  plugin.entry_point = reinterpret_cast<decltype(plugin.entry_point)>(
+      FindFunction(plugin.handle, "OXACreatePluginInterface"));
+  if (plugin.entry_point == nullptr) {
+    refuse("Unloading plugin: %s is not an OXA plugin..", plugin);
+    return E_INVALIDARG;
+  }
+  if (create_object(plugin) < 0) {
+    refuse("Unloading plugin (%s): OXACreateInterface() failed..", plugin);
+    return E_INVALIDARG;
+  }
+  registry_->RegisterInterface(plugins_namespace, IID_IOXAPlugin, plugin.object);
+
+  oxa::Ref<IOXAInterfaceEnum> enumerator;
+  const OXAResult listed =
+      oxa::guard([&] { return plugin.object->GetInterfaceEnum(oxa::adopt_into(enumerator)); });
+  if (listed < 0 || !enumerator) {
+    // Kept: the plug-in object is neither released nor taken out of the registry
+    // (PluginLoaderTest.AFailingListLeavesThePluginObjectBehind).
+    refuse("Unloading plugin (%s): GetInterfaceEnum() failed..", plugin);
+    return E_INVALIDARG;
+  }
+  const OXAResult published = oxa::guard([&] {
+    const OXAResult result = publish(plugin, *enumerator);
+    if (result >= 0) {
+      plugins_.try_emplace(plugin.path, plugin);
+    }
+    return result;
+  });
+  if (published == E_NOINTERFACE) {
+    // Kept: the registry still lists the plug-in object, which ends here
+    // (PluginLoaderTest.AnEmptyListEndsThePluginObject).
+    plugin.object->ReleaseReference();
+  } else if (published < 0) {
+    retract(plugin);
+  } else {
+    static_cast<void>(opened.release());
+  }
+  return published;
+}
+
+// Calls the entry point; success without an object counts as failure.
+OXAResult OXAPluginLoader::create_object(_plugin& plugin) {
+  void* object = nullptr;
+  const OXAResult result =
+      oxa::guard([&] { return plugin.entry_point(context_, IID_IOXAPlugin, &object); });
+  plugin.object = static_cast<IOXAPlugin*>(object);
+  return result >= 0 && object == nullptr ? E_POINTER : result;
+}
+
+// Numbers and files what the plug-in offers. E_NOINTERFACE when that is nothing.
+OXAResult OXAPluginLoader::publish(_plugin& plugin, IOXAInterfaceEnum& enumerator) {
+  for (const oxa::InterfaceEntry& entry : oxa::entries(enumerator)) {
+    const auto number = static_cast<std::int32_t>(numbers_.number(entry.iid));
+    plugin.interfaces.push_back({number, entry.iid, entry.object});
+    registry_->RegisterInterface(namespace_for(entry.iid), entry.iid, entry.object);
+  }
+  return plugin.interfaces.empty() ? E_NOINTERFACE : S_OK;
+}
+
+// Undoes a load that broke off in the middle for want of memory or by an exception.
+void OXAPluginLoader::retract(_plugin& plugin) {
+  for (const _plugin::reported& reported : plugin.interfaces) {
+    registry_->UnRegisterInterface(namespace_for(reported.iid), reported.iid, reported.object);
+  }
+  registry_->UnRegisterInterface(plugins_namespace, IID_IOXAPlugin, plugin.object);
+  plugin.object->ReleaseReference();
+}
+
+// Kept: the wide path goes to a narrow "%s" as it is, which prints it up to its first zero byte, so
+// of an ASCII path the first character (PluginLoaderTest.MessagesShowTheFirstCharacterOfThePath).
+void OXAPluginLoader::refuse(const char* format, const _plugin& plugin) {
+  if (sink_) {
+    sink_->EmitError(format, reinterpret_cast<const char*>(plugin.path.c_str()));
+  }
+}
+
+OXAResult OXAPluginLoader::LoadAll(const wchar_t* folder) {
+  if (folder == nullptr) {
+    return E_INVALIDARG;
+  }
+  return oxa::guard([&] {
+    // Kept: the sink is fetched again and the reference to the previous one is never released
+    // (PluginLoaderTest.EachLoadAllLeavesAReferenceOnTheSink).
+    static_cast<void>(sink_.detach());
+    context_->GetInterface(IID_IOXADebugMessage, oxa::adopt_into(sink_));
+
+    if (scanner_->Scan(folder, "*.so") < 0) {
+      return S_OK;
+    }
+    // Copied: a plug-in's entry point may call LoadAll itself.
+    std::vector<std::wstring> paths;
+    for (const wchar_t* name : oxa::names(*scanner_)) {
+      paths.push_back(folder + oxa::to_wstring("/") + name);
+    }
+    for (const std::wstring& path : paths) {
+      const OXAResult result = Load(path.c_str());
+      if (!sink_) {
+        continue;
+      }
+      if (result < 0) {
+        sink_->EmitError("%ls failed...", path.c_str());
+      } else {
+        sink_->EmitMessage(0, "%ls loaded...", path.c_str());
+      }
+    }
+    return S_OK;
+  });
+}
+
+OXAResult OXAPluginLoader::Unload(const wchar_t* path) {
+  if (path == nullptr) {
+    return E_INVALIDARG;
+  }
+  const auto found = plugins_.find(std::wstring_view(path));
+  if (found == plugins_.end()) {
+    return E_NOTFOUND;
+  }
+  // Kept: what the plug-in registered stays in the registry
+  // (PluginLoaderTest.UnloadLeavesTheRegistrationsBehind).
+  auto record = plugins_.extract(found);
+  return oxa::guard([&] { return unload_plugin(record.mapped()); });
+}
+
+OXAResult OXAPluginLoader::UnloadAll() {
+  const OXAResult result = oxa::guard([&] {
+    while (!plugins_.empty()) {
+      auto record = plugins_.extract(plugins_.begin());
+      unload_plugin(record.mapped());
+    }
+    return S_OK;
+  });
+  return result < 0 ? E_UNEXPECTED : S_OK;
+}
+
+OXAPluginLoader::~OXAPluginLoader() {
+  registry_.reset();
+  sink_.reset();
+  scanner_.reset();
+  UnloadAll();
+  process_loader = nullptr;
+}
+
+// Kept: an existing loader is handed out without a reference for the caller
+// (PluginLoaderTest.ASecondContextHasNoReferenceOfItsOwn).
+OXAResult OXACreatePluginLoader(IOXAContext* context, void** out) {
+  return run_factory(out, [&] {
+    if (context == nullptr) {
+      return E_INVALIDARG;
+    }
+    if (process_loader != nullptr) {
+      *out = process_loader;
+      return context->AddToContext(IID_IOXAPluginLoader, process_loader);
+    }
+    OXAResult result = S_OK;
+    auto loader = oxa::make<OXAPluginLoader>(context, result);
+    if (result < 0) {
+      return result;
+    }
+    process_loader = loader.get();
+    result = context->AddToContext(IID_IOXAPluginLoader, process_loader);
+    *out = static_cast<IOXAPluginLoader*>(loader.detach());
+    return result;
+  });
+}
