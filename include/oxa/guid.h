@@ -17,7 +17,13 @@ static_assert(sizeof(_GUID) == 24, "the interface id record crosses the binary b
 
 // Compares the 20 significant bytes.
 inline bool operator==(const _GUID& left, const _GUID& right) {
-  return std::memcmp(&left, &right, 20) == 0;
+  unsigned long middle[2];
+  unsigned int tail[2];
+  std::memcpy(&middle[0], &left.Data2, sizeof middle[0]);
+  std::memcpy(&middle[1], &right.Data2, sizeof middle[1]);
+  std::memcpy(&tail[0], &left.Data4[4], sizeof tail[0]);
+  std::memcpy(&tail[1], &right.Data4[4], sizeof tail[1]);
+  return left.Data1 == right.Data1 && middle[0] == middle[1] && tail[0] == tail[1];
 }
 
 inline bool operator!=(const _GUID& left, const _GUID& right) { return !(left == right); }

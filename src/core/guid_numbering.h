@@ -34,5 +34,6 @@ class guid_numbering {
   void grow();
 
   std::vector<slot> slots_;  // empty, or a power of two with at least a quarter of it free
+  int shift_ = 0;            // leaves as many of the hash's high bits as tell the slots apart
   OXAId counter_;
 };

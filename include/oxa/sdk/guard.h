@@ -17,8 +17,11 @@ inline namespace sdk1 {
 // interface that may throw inside begins with it: `return oxa::guard([&] { ... return S_OK; });`.
 // E_OUTOFMEMORY for std::bad_alloc, E_UNEXPECTED for any other exception. The cancellation of a
 // thread passes, since it must not be swallowed.
+//
+// A cancellation is no C++ object, so the reference by which it is caught refers to nothing; the
+// attribute keeps a sanitizer from minding that.
 template <class Operation>
-OXAResult guard(Operation&& operation) {
+__attribute__((no_sanitize("null"))) OXAResult guard(Operation&& operation) {
   try {
     return std::forward<Operation>(operation)();
   } catch (const std::bad_alloc&) {
