@@ -2,8 +2,6 @@
 
 #include <oxa/sdk/guard.h>
 
-#include <utility>
-
 #include "core/default_services.h"
 
 // The wall stands in here: an exception that left the constructor would leave the services that are
@@ -17,11 +15,10 @@ OXAResult OXAContext::GetInterface(const _GUID& iid, void** out) {
     return E_INVALIDARG;
   }
   *out = nullptr;
-  const std::uint32_t number = numbers_.find(iid);
-  if (number == guid_numbering::none) {
+  IOXAReference* service = services_.find(iid);
+  if (service == nullptr) {
     return E_NOTFOUND;
   }
-  IOXAReference* service = services_[number];
   service->AddReference();
   *out = service;
   return S_OK;
@@ -32,16 +29,15 @@ OXAResult OXAContext::AddToContext(const _GUID& iid, void* object) {
     return E_INVALIDARG;
   }
   return oxa::guard([&] {
-    // Room first: an id must not get a number without a service behind it.
-    if (services_.size() == services_.capacity()) {
-      services_.reserve(services_.size() * 2 + 16);
-    }
-    const std::uint32_t number = numbers_.number(iid);
-    if (number == services_.size()) {
-      services_.push_back(nullptr);
+    // Room first: a service must not be filed that the destructor would not find.
+    if (ids_.size() == ids_.capacity()) {
+      ids_.reserve(ids_.size() * 2 + 16);
     }
     auto* service = static_cast<IOXAReference*>(object);
-    IOXAReference* previous = std::exchange(services_[number], service);
+    IOXAReference* previous = services_.set(iid, service);
+    if (previous == nullptr) {
+      ids_.push_back(iid);
+    }
     service->AddReference();
     if (previous != nullptr) {
       previous->ReleaseReference();
@@ -51,7 +47,7 @@ OXAResult OXAContext::AddToContext(const _GUID& iid, void* object) {
 }
 
 OXAContext::~OXAContext() {
-  for (IOXAReference* service : services_) {
-    service->ReleaseReference();
+  for (const _GUID& id : ids_) {
+    services_.find(id)->ReleaseReference();
   }
 }

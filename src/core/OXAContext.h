@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "core/guid_numbering.h"
+#include "core/guid_table.h"
 
 // The table from interface id to service, which holds one reference to each.
 class OXAContext final : public oxa::Implements<IOXAContext> {
@@ -21,6 +21,6 @@ class OXAContext final : public oxa::Implements<IOXAContext> {
   ~OXAContext() override;
 
  private:
-  guid_numbering numbers_;
-  std::vector<IOXAReference*> services_;  // by service number
+  guid_table<IOXAReference*> services_;
+  std::vector<_GUID> ids_;  // in the order in which they were first added
 };
