@@ -66,8 +66,9 @@ OXAResult OXAPluginLoader::Load(const wchar_t* path) {
   });
 }
 
-// Every return but the last closes the shared object again. Plug-in code runs behind the wall, and
-// what it throws is caught in here: an exception must not outlive the code of its own destructor.
+// Every return but that of a loaded plug-in closes the shared object again. Plug-in code runs
+// behind the wall, and what it throws is caught in here: an exception must not outlive the code of
+// its own destructor.
 OXAResult OXAPluginLoader::open(_plugin& plugin) {
   shared_object opened(LoadPluginW(plugin.path.c_str()));
   if (opened == nullptr) {
@@ -84,34 +85,24 @@ OXAResult OXAPluginLoader::open(_plugin& plugin) {
     refuse("Unloading plugin (%s): OXACreateInterface() failed..", plugin);
     return E_INVALIDARG;
   }
-  registry_->RegisterInterface(plugins_namespace, IID_IOXAPlugin, plugin.object);
-
-  oxa::Ref<IOXAInterfaceEnum> enumerator;
-  const OXAResult listed =
-      oxa::guard([&] { return plugin.object->GetInterfaceEnum(oxa::adopt_into(enumerator)); });
-  if (listed < 0 || !enumerator) {
-    // Kept: the plug-in object is neither released nor taken out of the registry
-    // (PluginLoaderTest.AFailingListLeavesThePluginObjectBehind).
-    refuse("Unloading plugin (%s): GetInterfaceEnum() failed..", plugin);
-    return E_INVALIDARG;
+  const OXAResult result = oxa::guard([&] { return publish(plugin); });
+  switch (result) {
+    case S_OK:
+      static_cast<void>(opened.release());
+      break;
+    case E_INVALIDARG:
+      // Kept: the plug-in object is neither released nor taken out of the registry
+      // (PluginLoaderTest.AFailingListLeavesThePluginObjectBehind).
+      break;
+    case E_NOINTERFACE:
+      // Kept: the registry still lists the plug-in object, which ends here
+      // (PluginLoaderTest.AnEmptyListEndsThePluginObject).
+      end_object(plugin);
+      break;
+    default:
+      retract(plugin);
   }
-  const OXAResult published = oxa::guard([&] {
-    const OXAResult result = publish(plugin, *enumerator);
-    if (result >= 0) {
-      plugins_.try_emplace(plugin.path, plugin);
-    }
-    return result;
-  });
-  if (published == E_NOINTERFACE) {
-    // Kept: the registry still lists the plug-in object, which ends here
-    // (PluginLoaderTest.AnEmptyListEndsThePluginObject).
-    plugin.object->ReleaseReference();
-  } else if (published < 0) {
-    retract(plugin);
-  } else {
-    static_cast<void>(opened.release());
-  }
-  return published;
+  return result;
 }
 
 // Calls the entry point; success without an object counts as failure.
@@ -123,23 +114,58 @@ OXAResult OXAPluginLoader::create_object(_plugin& plugin) {
   return result >= 0 && object == nullptr ? E_POINTER : result;
 }
 
-// Numbers and files what the plug-in offers. E_NOINTERFACE when that is nothing.
-OXAResult OXAPluginLoader::publish(_plugin& plugin, IOXAInterfaceEnum& enumerator) {
-  for (const oxa::InterfaceEntry& entry : oxa::entries(enumerator)) {
+// Files the plug-in object and what it offers, and takes it among the loaded ones. S_OK;
+// E_INVALIDARG when it does not list what it offers, E_NOINTERFACE when that is nothing; 5 when its
+// entry point has had the same path loaded; any other result for a load that broke off.
+OXAResult OXAPluginLoader::publish(_plugin& plugin) {
+  if (registry_->RegisterInterface(plugins_namespace, IID_IOXAPlugin, plugin.object) ==
+      E_OUTOFMEMORY) {
+    return E_OUTOFMEMORY;
+  }
+  oxa::Ref<IOXAInterfaceEnum> offered;
+  const OXAResult listed =
+      oxa::guard([&] { return plugin.object->GetInterfaceEnum(oxa::adopt_into(offered)); });
+  if (listed < 0 || !offered) {
+    refuse("Unloading plugin (%s): GetInterfaceEnum() failed..", plugin);
+    return E_INVALIDARG;
+  }
+  OXAResult result = file_interfaces(plugin, *offered);
+  if (result == S_OK && !plugins_.try_emplace(plugin.path, plugin).second) {
+    result = already_loaded;
+  }
+  offered.reset();
+  return result;
+}
+
+// Numbers and files what the plug-in offers.
+OXAResult OXAPluginLoader::file_interfaces(_plugin& plugin, IOXAInterfaceEnum& offered) {
+  for (const oxa::InterfaceEntry& entry : oxa::entries(offered)) {
     const auto number = static_cast<std::int32_t>(numbers_.number(entry.iid));
     plugin.interfaces.push_back({number, entry.iid, entry.object});
-    registry_->RegisterInterface(namespace_for(entry.iid), entry.iid, entry.object);
+    // Only want of memory stops the load: a pair without an object is refused and passed over.
+    if (registry_->RegisterInterface(namespace_for(entry.iid), entry.iid, entry.object) ==
+        E_OUTOFMEMORY) {
+      plugin.interfaces.pop_back();
+      return E_OUTOFMEMORY;
+    }
   }
   return plugin.interfaces.empty() ? E_NOINTERFACE : S_OK;
 }
 
-// Undoes a load that broke off in the middle for want of memory or by an exception.
+// Undoes a load that broke off in the middle, for want of memory or by an exception.
 void OXAPluginLoader::retract(_plugin& plugin) {
   for (const _plugin::reported& reported : plugin.interfaces) {
     registry_->UnRegisterInterface(namespace_for(reported.iid), reported.iid, reported.object);
   }
   registry_->UnRegisterInterface(plugins_namespace, IID_IOXAPlugin, plugin.object);
-  plugin.object->ReleaseReference();
+  end_object(plugin);
+}
+
+void OXAPluginLoader::end_object(_plugin& plugin) {
+  oxa::guard([&] {
+    plugin.object->ReleaseReference();
+    return S_OK;
+  });
 }
 
 // Kept: the wide path goes to a narrow "%s" as it is, which prints it up to its first zero byte, so

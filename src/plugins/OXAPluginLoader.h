@@ -33,8 +33,10 @@ class OXAPluginLoader final : public oxa::Counted<OXAReference, IOXAPluginLoader
  private:
   OXAResult open(_plugin& plugin);
   OXAResult create_object(_plugin& plugin);
-  OXAResult publish(_plugin& plugin, IOXAInterfaceEnum& enumerator);
+  OXAResult publish(_plugin& plugin);
+  OXAResult file_interfaces(_plugin& plugin, IOXAInterfaceEnum& offered);
   void retract(_plugin& plugin);
+  static void end_object(_plugin& plugin);
   void refuse(const char* format, const _plugin& plugin);
 
   IOXAContext* context_;
