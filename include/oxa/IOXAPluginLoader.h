@@ -9,7 +9,8 @@
 // Opens plug-in shared objects and files what they offer in the interface manager: the plug-in
 // object under "plugins", offered interfaces under "readers", "writers", "algorithms", "layouts" or
 // "misc" by their id. Implemented by the library, one per process; every context holds it under
-// IID_IOXAPluginLoader. Used on the host's thread only. Paths are compared as written.
+// IID_IOXAPluginLoader. Used on the host's thread only. Paths are compared as written;
+// oxa::widen in <oxa/sdk/utf8.h> makes them of UTF-8.
 class IOXAPluginLoader : public IOXAReference {
  public:
   // Loads one shared object.

@@ -20,5 +20,6 @@
 #include <oxa/sdk/ranges.h>
 #include <oxa/sdk/ref.h>
 #include <oxa/sdk/result_text.h>
+#include <oxa/sdk/utf8.h>
 #include <oxa/shared_objects.h>
 #include <oxa/strings.h>

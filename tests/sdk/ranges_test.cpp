@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <oxa/sdk/implements.h>
+#include <oxa/sdk/utf8.h>
 #include <stdlib.h>
 
 #include <filesystem>
@@ -81,7 +82,7 @@ TEST(NamesTest, VisitsEveryNameOfAFolder) {
   oxa::Ref<IOXAContext> context;
   OXACreateContext(IID_IOXAContext, oxa::adopt_into(context));
   const auto scanner = oxa::service<IOXADirectoryScanner>(context.get());
-  EXPECT_EQ(scanner->Scan(std::filesystem::path(folder).wstring().c_str(), "*.xml"), S_OK);
+  EXPECT_EQ(scanner->Scan(oxa::widen(folder).c_str(), "*.xml"), S_OK);
   std::set<std::wstring> visited;
   for (const wchar_t* name : oxa::names(*scanner)) {
     visited.insert(name);

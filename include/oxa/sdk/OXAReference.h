@@ -25,7 +25,7 @@ class OXAReference : public IOXAReference {
   std::int64_t ReleaseReference() override {
     const std::int64_t left = count_.fetch_sub(1, std::memory_order_acq_rel) - 1;
     if (left == 0) {
-      delete this;
+      destroy();
     }
     return left;
   }
@@ -35,5 +35,9 @@ class OXAReference : public IOXAReference {
   virtual ~OXAReference() = default;
 
  private:
+  // Out of line: g++ 12 takes an inlined deletion for that of an OXAReference itself, and warns
+  // that it is not at the start of its block.
+  __attribute__((noinline)) void destroy() { delete this; }
+
   std::atomic<std::int64_t> count_{0};
 };
