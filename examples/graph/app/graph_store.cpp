@@ -1,0 +1,147 @@
+#include "graph_store.h"
+
+#include <oxa/sdk/guard.h>
+#include <oxa/sdk/implements.h>
+
+#include <cmath>
+#include <deque>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace {
+
+constexpr double no_value = std::numeric_limits<double>::quiet_NaN();
+// A column of an empty graph has values to point to all the same.
+constexpr double nothing = 0;
+
+class GraphStore final : public oxa::Implements<IGraph> {
+ public:
+  OXAResult AddNode(const char* label, std::uint64_t* node) override;
+  OXAResult AddEdge(std::uint64_t source, std::uint64_t target, double weight) override;
+  std::uint64_t GetNodeCount() override { return labels_.size(); }
+  std::uint64_t GetEdgeCount() override { return edges_.size(); }
+  const char* GetLabel(std::uint64_t node) override;
+  OXAResult GetEdge(std::uint64_t edge, GraphEdge* out) override;
+  OXAResult SetColumn(const char* name, GraphColumnKind kind, const double* values,
+                      std::uint64_t count) override;
+  OXAResult GetColumn(const char* name, GraphColumnKind* kind, const double** values) override;
+  const char* GetColumnName(std::uint64_t column) override;
+
+ private:
+  struct Column {
+    std::string name;
+    GraphColumnKind kind;
+    std::vector<double> values;
+  };
+
+  Column* find(std::string_view name);
+
+  // A deque, so that the views in nodes_ and borrowed names stay valid as it grows.
+  std::deque<std::string> labels_;
+  std::unordered_map<std::string_view, std::uint64_t> nodes_;
+  std::vector<GraphEdge> edges_;
+  std::deque<Column> columns_;
+};
+
+OXAResult GraphStore::AddNode(const char* label, std::uint64_t* node) {
+  if (label == nullptr || node == nullptr) {
+    return E_INVALIDARG;
+  }
+  return oxa::guard([&]() -> OXAResult {
+    const auto found = nodes_.find(std::string_view(label));
+    if (found != nodes_.end()) {
+      *node = found->second;
+      return S_FALSE;
+    }
+    for (Column& column : columns_) {
+      if (column.values.size() == column.values.capacity()) {
+        column.values.reserve(2 * labels_.size() + 1);
+      }
+    }
+    labels_.emplace_back(label);
+    try {
+      nodes_.emplace(labels_.back(), labels_.size() - 1);
+    } catch (...) {
+      labels_.pop_back();
+      throw;
+    }
+    for (Column& column : columns_) {
+      column.values.push_back(no_value);
+    }
+    *node = labels_.size() - 1;
+    return S_OK;
+  });
+}
+
+OXAResult GraphStore::AddEdge(std::uint64_t source, std::uint64_t target, double weight) {
+  const bool there = source < labels_.size() && target < labels_.size();
+  if (!there || !std::isfinite(weight) || weight < 0) {
+    return E_INVALIDARG;
+  }
+  return oxa::guard([&] {
+    edges_.push_back({source, target, weight});
+    return S_OK;
+  });
+}
+
+const char* GraphStore::GetLabel(std::uint64_t node) {
+  return node < labels_.size() ? labels_[node].c_str() : nullptr;
+}
+
+OXAResult GraphStore::GetEdge(std::uint64_t edge, GraphEdge* out) {
+  if (edge >= edges_.size() || out == nullptr) {
+    return E_INVALIDARG;
+  }
+  *out = edges_[edge];
+  return S_OK;
+}
+
+OXAResult GraphStore::SetColumn(const char* name, GraphColumnKind kind, const double* values,
+                                std::uint64_t count) {
+  if (name == nullptr || count != labels_.size() || (values == nullptr && count > 0)) {
+    return E_INVALIDARG;
+  }
+  return oxa::guard([&] {
+    std::vector<double> copy(values, values + count);
+    if (Column* column = find(name)) {
+      column->kind = kind;
+      column->values.swap(copy);
+    } else {
+      columns_.push_back({name, kind, std::move(copy)});
+    }
+    return S_OK;
+  });
+}
+
+OXAResult GraphStore::GetColumn(const char* name, GraphColumnKind* kind, const double** values) {
+  if (name == nullptr || kind == nullptr || values == nullptr) {
+    return E_INVALIDARG;
+  }
+  Column* column = find(name);
+  if (column == nullptr) {
+    return E_NOTFOUND;
+  }
+  *kind = column->kind;
+  *values = column->values.empty() ? &nothing : column->values.data();
+  return S_OK;
+}
+
+const char* GraphStore::GetColumnName(std::uint64_t column) {
+  return column < columns_.size() ? columns_[column].name.c_str() : nullptr;
+}
+
+GraphStore::Column* GraphStore::find(std::string_view name) {
+  for (Column& column : columns_) {
+    if (column.name == name) {
+      return &column;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+oxa::Ref<IGraph> make_graph() { return oxa::make<GraphStore>(); }

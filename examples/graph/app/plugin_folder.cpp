@@ -1,0 +1,146 @@
+#include "plugin_folder.h"
+
+#include <oxa/sdk/utf8.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+
+#include "problem.h"
+#include "text.h"
+
+namespace {
+
+constexpr const char* name_spaces[] = {"plugins",    "readers", "writers",
+                                       "algorithms", "layouts", "misc"};
+
+bool same_entry(const Offered& left, const Offered& right) {
+  return left.object == right.object && left.iid == right.iid &&
+         left.name_space == right.name_space;
+}
+
+// Returns the entries that are in `after` more often than in `before`.
+std::vector<Offered> added(std::vector<Offered> before, const std::vector<Offered>& after) {
+  std::vector<Offered> fresh;
+  for (const Offered& entry : after) {
+    const auto known = std::find_if(before.begin(), before.end(),
+                                    [&](const Offered& other) { return same_entry(entry, other); });
+    if (known != before.end()) {
+      before.erase(known);
+    } else {
+      fresh.push_back(entry);
+    }
+  }
+  return fresh;
+}
+
+std::string plugin_title(const std::vector<Offered>& entries) {
+  for (const Offered& entry : entries) {
+    if (entry.iid == IID_IOXAPlugin) {
+      auto* plugin = static_cast<IOXAPlugin*>(entry.object);
+      const char* name = plugin->GetName();
+      const char* version = plugin->GetVersion();
+      return std::string(name != nullptr ? name : "unnamed") +
+             (version != nullptr ? std::string(" ") + version : std::string());
+    }
+  }
+  return "unnamed";
+}
+
+bool ends_with_so(std::wstring_view name) {
+  return name.size() > 3 && name.substr(name.size() - 3) == L".so";
+}
+
+}  // namespace
+
+PluginFolder::PluginFolder(IOXAContext* context)
+    : scanner_(oxa::service<IOXADirectoryScanner>(context)),
+      loader_(oxa::service<IOXAPluginLoader>(context)),
+      registry_(oxa::service<IOXAInterfaceManager>(context)) {
+  if (!scanner_ || !loader_ || !registry_) {
+    throw Problem("the library gives no plug-in services; reinstall it");
+  }
+}
+
+PluginFolder::~PluginFolder() {
+  for (const Offered& entry : offered_) {
+    registry_->UnRegisterInterface(entry.name_space.c_str(), entry.iid, entry.object);
+  }
+  for (const std::wstring& path : paths_) {
+    loader_->Unload(path.c_str());
+  }
+}
+
+void PluginFolder::load(const std::string& folder) {
+  for (const std::wstring& name : names_in(folder)) {
+    load_file(folder, name);
+  }
+  if (paths_.empty()) {
+    throw Problem("there are no plug-ins in " + in_quotes(folder) +
+                  " that can be loaded; name their folder with --plugins");
+  }
+}
+
+std::vector<std::wstring> PluginFolder::names_in(const std::string& folder) {
+  const OXAResult result = scanner_->Scan(oxa::widen(folder).c_str(), "*.so");
+  if (oxa::failed(result)) {
+    throw Problem("cannot read the plug-in folder " + in_quotes(folder) + ": " +
+                  oxa::result_text(result) + "; name another one with --plugins");
+  }
+  std::vector<std::wstring> names;
+  for (const wchar_t* name : oxa::names(*scanner_)) {
+    if (ends_with_so(name)) {
+      names.emplace_back(name);
+    }
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+// A load that fails may leave entries behind that point to nothing, so whatever is new after it
+// goes out again, unused.
+void PluginFolder::load_file(const std::string& folder, const std::wstring& name) {
+  const std::wstring path = oxa::widen(folder) + L"/" + name;
+  const std::vector<Offered> before = registered();
+  const OXAResult result = loader_->Load(path.c_str());
+  std::vector<Offered> fresh = added(before, registered());
+  if (oxa::failed(result)) {
+    for (const Offered& entry : fresh) {
+      registry_->UnRegisterInterface(entry.name_space.c_str(), entry.iid, entry.object);
+    }
+    std::fprintf(stderr,
+                 "oxa-graph: skipped the plug-in \"%s/%s\": %s; remove or rebuild the file\n",
+                 folder.c_str(), oxa::narrow(name).c_str(), oxa::result_text(result));
+    return;
+  }
+  paths_.push_back(path);
+  const std::string title = plugin_title(fresh);
+  for (Offered& entry : fresh) {
+    entry.plugin = title;
+    entry.file = oxa::narrow(name);
+    offered_.push_back(std::move(entry));
+  }
+}
+
+std::vector<Offered> PluginFolder::registered() {
+  std::vector<Offered> entries;
+  for (const char* name_space : name_spaces) {
+    oxa::Ref<IOXAInterfaceEnum> found;
+    if (oxa::failed(registry_->GetInterfaceEnumByNamespace(name_space, oxa::adopt_into(found)))) {
+      continue;
+    }
+    for (const oxa::InterfaceEntry& entry : oxa::entries(*found)) {
+      entries.push_back({name_space, entry.iid, entry.object, {}, {}});
+    }
+  }
+  return entries;
+}
+
+std::string default_plugin_folder() {
+  std::error_code ignored;
+  const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
+  const auto built = program / "../plugins";
+  const auto folder =
+      std::filesystem::is_directory(built, ignored) ? built : program / OXA_GRAPH_PLUGIN_DIRECTORY;
+  return folder.lexically_normal().string();
+}

@@ -1,0 +1,20 @@
+// Small things to do with text.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Splits at `separator`, without empty pieces.
+std::vector<std::string> split(std::string_view text, char separator);
+
+std::string join(const std::vector<std::string>& pieces, const char* separator);
+
+// Returns `text` in double quotes, for messages.
+std::string in_quotes(std::string_view text);
+
+// Returns the one of `known` that is most like `text`, or nothing when none is like it.
+std::string closest(std::string_view text, const std::vector<std::string>& known);
+
+// Prints rows as columns that line up, two blanks between them.
+void print_table(const std::vector<std::vector<std::string>>& rows);
