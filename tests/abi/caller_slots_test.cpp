@@ -1,0 +1,156 @@
+// Which slot each operation of each interface calls: the side of whoever holds the pointer.
+#include <gtest/gtest.h>
+
+#include <oxa/oxa.h>
+
+#include "abi/raw.h"
+
+using namespace oxa_test;
+
+namespace {
+
+std::int64_t called = 0;
+
+// Returns its own number and remembers it, for operations that return nothing.
+template <std::int64_t Slot>
+std::int64_t answer() {
+  return called = Slot;
+}
+
+// An object that says which of its slots was called.
+template <class Interface>
+class SlotTeller {
+ public:
+  Interface* operator->() { return reinterpret_cast<Interface*>(&slots_); }
+
+ private:
+  static constexpr std::size_t slot_count = 12;
+
+  template <std::size_t... Index>
+  static RawTable<slot_count> make_table(std::index_sequence<Index...>) {
+    return raw_table(typeid(Interface), &answer<static_cast<std::int64_t>(Index) + 1>...);
+  }
+
+  RawTable<slot_count> table_ = make_table(std::make_index_sequence<slot_count>());
+  void* slots_ = table_.slots.data();
+};
+
+template <class Interface>
+void expect_reference_slots() {
+  SlotTeller<Interface> object;
+  EXPECT_EQ(object->AddReference(), 1);
+  EXPECT_EQ(object->ReleaseReference(), 2);
+  EXPECT_EQ(object->CheckReference(), 3);
+}
+
+TEST(CallerSlotsTest, EveryInterfaceBeginsWithTheReferenceOperations) {
+  expect_reference_slots<IOXAReference>();
+  expect_reference_slots<IOXAContext>();
+  expect_reference_slots<IOXADebugMessage>();
+  expect_reference_slots<IOXADiagnosticCategoryEnum>();
+  expect_reference_slots<IOXADirectoryScanner>();
+  expect_reference_slots<IOXAInterfaceEnum>();
+  expect_reference_slots<IOXAInterfaceManager>();
+  expect_reference_slots<IOXAPlugin>();
+  expect_reference_slots<IOXAPluginLoader>();
+  expect_reference_slots<IOXAProgressIndicator>();
+  expect_reference_slots<IOXAPropertyEnum>();
+}
+
+TEST(CallerSlotsTest, Context) {
+  SlotTeller<IOXAContext> context;
+  EXPECT_EQ(context->GetInterface(IID_IOXAContext, nullptr), 4);
+  EXPECT_EQ(context->AddToContext(IID_IOXAContext, nullptr), 5);
+}
+
+TEST(CallerSlotsTest, InterfaceManager) {
+  SlotTeller<IOXAInterfaceManager> manager;
+  EXPECT_EQ(manager->GetInterfaceEnumByGUID(IID_IOXAPlugin, nullptr), 4);
+  EXPECT_EQ(manager->GetInterfaceEnumByNamespace("", nullptr), 5);
+  EXPECT_EQ(manager->RegisterInterface("", IID_IOXAPlugin, nullptr), 6);
+  EXPECT_EQ(manager->UnRegisterInterface("", IID_IOXAPlugin, nullptr), 7);
+}
+
+TEST(CallerSlotsTest, InterfaceEnum) {
+  SlotTeller<IOXAInterfaceEnum> enumerator;
+  _GUID iid{};
+  EXPECT_EQ(enumerator->GetFirst(iid, nullptr), 4);
+  EXPECT_EQ(enumerator->GetNext(iid, nullptr), 5);
+}
+
+template <class Enumerator>
+void expect_list_enumerator_slots() {
+  SlotTeller<Enumerator> enumerator;
+  EXPECT_EQ(enumerator->GetFirst(nullptr), 4);
+  EXPECT_EQ(enumerator->GetNext(nullptr), 5);
+  EXPECT_EQ(enumerator->Clone(nullptr), 6);
+  EXPECT_EQ(enumerator->Count(), 7);
+}
+
+TEST(CallerSlotsTest, ListEnumerators) {
+  expect_list_enumerator_slots<IOXAPropertyEnum>();
+  expect_list_enumerator_slots<IOXADiagnosticCategoryEnum>();
+}
+
+TEST(CallerSlotsTest, Id) {
+  SlotTeller<IOXAId> id;
+  EXPECT_EQ(id->CreateID(), 1);
+  id->Reset();
+  EXPECT_EQ(called, 2);
+  id->Reset(7);
+  EXPECT_EQ(called, 3);
+  EXPECT_EQ(id->CurrentValue(), 4);
+}
+
+template <class Operation>
+std::int64_t slot_called_by(Operation operation) {
+  called = 0;
+  operation();
+  return called;
+}
+
+TEST(CallerSlotsTest, DebugMessage) {
+  SlotTeller<IOXADebugMessage> sink;
+  EXPECT_EQ(slot_called_by([&] { sink->EmitError("x"); }), 4);
+  EXPECT_EQ(slot_called_by([&] { sink->EmitMessage("x"); }), 5);
+  EXPECT_EQ(slot_called_by([&] { sink->EmitWarning("x"); }), 6);
+  EXPECT_EQ(slot_called_by([&] { sink->Clear(); }), 7);
+  EXPECT_EQ(slot_called_by([&] { sink->SetDefaultWarningLevel(1); }), 8);
+  EXPECT_EQ(slot_called_by([&] { sink->SetDefaultMessageLevel(1); }), 9);
+  EXPECT_EQ(slot_called_by([&] { sink->EmitMessage(1, "x"); }), 10);
+  EXPECT_EQ(slot_called_by([&] { sink->EmitWarning(1, "x"); }), 11);
+}
+
+TEST(CallerSlotsTest, ProgressIndicator) {
+  SlotTeller<IOXAProgressIndicator> progress;
+  EXPECT_EQ(progress->Begin(), 4);
+  EXPECT_EQ(progress->End(), 5);
+  EXPECT_EQ(progress->UpdateMessage("x"), 6);
+  EXPECT_EQ(progress->UpdateTitle("x"), 7);
+  EXPECT_EQ(progress->SetHeartbeatFrequency(1), 8);
+  EXPECT_EQ(slot_called_by([&] { static_cast<void>(progress->IsActive()); }), 9);
+}
+
+TEST(CallerSlotsTest, DirectoryScanner) {
+  SlotTeller<IOXADirectoryScanner> scanner;
+  EXPECT_EQ(scanner->Scan(L"", ""), 4);
+  EXPECT_EQ(scanner->GetFirst(nullptr), 5);
+  EXPECT_EQ(scanner->GetNext(nullptr), 6);
+}
+
+TEST(CallerSlotsTest, Plugin) {
+  SlotTeller<IOXAPlugin> plugin;
+  EXPECT_EQ(slot_called_by([&] { plugin->GetName(); }), 4);
+  EXPECT_EQ(slot_called_by([&] { plugin->GetVersion(); }), 5);
+  EXPECT_EQ(plugin->GetInterfaceEnum(nullptr), 6);
+}
+
+TEST(CallerSlotsTest, PluginLoader) {
+  SlotTeller<IOXAPluginLoader> loader;
+  EXPECT_EQ(loader->Load(L""), 4);
+  EXPECT_EQ(loader->LoadAll(L""), 5);
+  EXPECT_EQ(loader->Unload(L""), 6);
+  EXPECT_EQ(loader->UnloadAll(), 7);
+}
+
+}  // namespace

@@ -1,0 +1,68 @@
+// Files and folders for plug-ins to be found in.
+#pragma once
+
+#include <dlfcn.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+
+namespace oxa_test {
+
+// Returns the path of a miniature plug-in.
+inline std::filesystem::path miniature(const std::string& name) {
+  return std::filesystem::path(OXA_MINIATURE_DIRECTORY) / (name + ".so");
+}
+
+// Returns a path the way that the library takes it.
+inline std::wstring wide(const std::filesystem::path& path) {
+  const std::u32string text = path.u32string();
+  return {text.begin(), text.end()};
+}
+
+// A new empty folder, removed with what is in it at the end.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    std::string name = (std::filesystem::temp_directory_path() / "oxa-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) {
+      throw std::runtime_error("cannot make a temporary folder");
+    }
+    path_ = name;
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  ~TemporaryFolder() { std::filesystem::remove_all(path_); }
+
+  const std::filesystem::path& path() const { return path_; }
+  std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+
+  // Makes a file with the given content and returns its path.
+  std::filesystem::path write(const std::string& name, const std::string& content) const {
+    std::ofstream(path_ / name, std::ios::binary) << content;
+    return path_ / name;
+  }
+
+  // Copies a miniature plug-in here under another name and returns its path.
+  std::filesystem::path copy(const std::string& plugin, const std::string& name) const {
+    std::filesystem::copy_file(miniature(plugin), path_ / name);
+    return path_ / name;
+  }
+
+ private:
+  std::filesystem::path path_;
+};
+
+// Tells whether the process has a shared object open.
+inline bool is_open(const std::filesystem::path& path) {
+  void* handle = dlopen(path.c_str(), RTLD_LAZY | RTLD_NOLOAD);
+  if (handle != nullptr) {
+    dlclose(handle);
+  }
+  return handle != nullptr;
+}
+
+}  // namespace oxa_test

@@ -1,0 +1,154 @@
+// What the loader reports, byte for byte.
+#include <gtest/gtest.h>
+
+#include <clocale>
+
+#include "plugins/files.h"
+#include "plugins/host.h"
+#include "support/capture.h"
+
+using namespace oxa_test;
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class LocaleGuard {
+ public:
+  explicit LocaleGuard(const char* name) : previous_(std::setlocale(LC_ALL, nullptr)) {
+    std::setlocale(LC_ALL, name);
+  }
+  LocaleGuard(const LocaleGuard&) = delete;
+  LocaleGuard& operator=(const LocaleGuard&) = delete;
+  ~LocaleGuard() { std::setlocale(LC_ALL, previous_.c_str()); }
+
+ private:
+  std::string previous_;
+};
+
+class WorkingFolderGuard {
+ public:
+  explicit WorkingFolderGuard(const std::filesystem::path& path)
+      : previous_(std::filesystem::current_path()) {
+    std::filesystem::current_path(path);
+  }
+  WorkingFolderGuard(const WorkingFolderGuard&) = delete;
+  WorkingFolderGuard& operator=(const WorkingFolderGuard&) = delete;
+  ~WorkingFolderGuard() { std::filesystem::current_path(previous_); }
+
+ private:
+  std::filesystem::path previous_;
+};
+
+// Returns what a context's own sink writes when a plug-in is loaded.
+Written written_by_loading(const std::wstring& path) {
+  Host host;
+  return written_by([&] { host.loader->Load(path.c_str()); });
+}
+
+// The same for a folder.
+Written written_by_loading_all(const std::filesystem::path& folder) {
+  Host host;
+  Written written = written_by([&] { host.loader->LoadAll(wide(folder).c_str()); });
+  drop_reference_of_load_all(oxa::service<IOXADebugMessage>(host.context.get()).get());
+  return written;
+}
+
+TEST(PluginLoaderTest, MessagesShowTheFirstCharacterOfThePath) {
+  const Written written = written_by_loading(wide(miniature("no_entry_point")));
+  EXPECT_EQ(written.err, "ERROR: Unloading plugin: / is not an OXA plugin..\n");
+  EXPECT_EQ(written.out, "");
+}
+
+TEST(PluginLoaderTest, AFailingEntryPointIsReportedAsAnError) {
+  const Written written = written_by_loading(wide(miniature("entry_fails")));
+  EXPECT_EQ(written.err, "ERROR: Unloading plugin (/): OXACreateInterface() failed..\n");
+  EXPECT_EQ(written.out, "");
+}
+
+TEST(PluginLoaderTest, MessagesShowTheBytesOfThePathUpToTheFirstZero) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder / "\u0161");
+  folder.copy("no_entry_point", "\u0161/x.so");
+  const WorkingFolderGuard inside(folder.path());
+  EXPECT_EQ(written_by_loading(L"\u0161/x.so").err,
+            "ERROR: Unloading plugin: a\x01 is not an OXA plugin..\n");
+}
+
+TEST(PluginLoaderTest, AShortPathIsShownByItsFirstCharacterToo) {
+  const TemporaryFolder folder;
+  folder.copy("no_entry_point", "x.so");
+  const WorkingFolderGuard inside(folder.path());
+  EXPECT_EQ(written_by_loading(L"./x.so").err,
+            "ERROR: Unloading plugin: . is not an OXA plugin..\n");
+}
+
+TEST(PluginLoaderTest, LoadAloneReportsNoSuccessAndNoMissingFile) {
+  const Written good = written_by_loading(wide(miniature("good")));
+  const Written missing = written_by_loading(L"/not/there.so");
+  EXPECT_EQ(good.out + good.err + missing.out + missing.err, "");
+}
+
+TEST(PluginLoaderTest, LoadAllReportsWhatItLoadedOnStandardOutput) {
+  const TemporaryFolder folder;
+  const std::string path = folder.copy("good", "x.so");
+  const Written written = written_by_loading_all(folder.path());
+  EXPECT_EQ(written.out, path + " loaded...\n");
+  EXPECT_EQ(written.err, "");
+}
+
+TEST(PluginLoaderTest, LoadAllReportsWhatFailedOnStandardError) {
+  const TemporaryFolder folder;
+  const std::string path = folder.write("x.so", "no plug-in");
+  const Written written = written_by_loading_all(folder.path());
+  EXPECT_EQ(written.err, "ERROR: " + path + " failed...\n");
+  EXPECT_EQ(written.out, "");
+}
+
+TEST(PluginLoaderTest, LoadAllReportsARefusedPluginAfterTheReason) {
+  const TemporaryFolder folder;
+  const std::string path = folder.copy("no_entry_point", "x.so");
+  EXPECT_EQ(written_by_loading_all(folder.path()).err,
+            "ERROR: Unloading plugin: / is not an OXA plugin..\nERROR: " + path + " failed...\n");
+}
+
+TEST(PluginLoaderTest, PathsAreReportedInTheEncodingOfTheLocale) {
+  const LocaleGuard locale("C.UTF-8");
+  const TemporaryFolder folder;
+  const std::string path = folder.copy("good", "\u017E.so");
+  EXPECT_EQ(written_by_loading_all(folder.path()).out, path + " loaded...\n");
+}
+
+TEST(PluginLoaderTest, APathThatTheLocaleCannotShowIsLeftOut) {
+  const LocaleGuard locale("C");
+  const TemporaryFolder folder;
+  folder.copy("good", "\u017E.so");
+  folder.write("\u4E2D.so", "no plug-in");
+  const Written written = written_by_loading_all(folder.path());
+  EXPECT_EQ(written.out, "\n");
+  EXPECT_EQ(written.err, "ERROR: \n");
+}
+
+TEST(PluginLoaderTest, ALongPathIsCutWithTheRestOfItsLine) {
+  const TemporaryFolder folder;
+  const std::string name(200, 'd');
+  std::string deep = folder.path();
+  for (int level = 0; level < 5; ++level) {
+    deep += "/" + name;
+  }
+  std::filesystem::create_directories(deep);
+  std::ofstream(deep + "/x.so") << "no plug-in";
+  EXPECT_EQ(written_by_loading_all(deep).err, ("ERROR: " + deep).substr(0, 999) + "\n");
+}
+
+TEST(PluginLoaderTest, AnAlreadyLoadedPluginIsReportedAsLoadedAtLevelZero) {
+  const TemporaryFolder folder;
+  RecordingHost host;
+  const std::string path = folder.copy("good", "x.so");
+  host.loader->Load(wide(path).c_str());
+  host.loader->LoadAll(wide(folder.path()).c_str());
+  drop_reference_of_load_all(host.sink.get());
+  EXPECT_EQ(host.sink->lines, Lines{"message 0: " + path + " loaded..."});
+}
+
+}  // namespace
