@@ -30,8 +30,7 @@ class open_file {
     }
   }
 
-  // 0 for what is not a regular file that can be read.
-  std::uint64_t size() const { return size_; }
+  bool is_open() const { return descriptor_ >= 0; }
 
   bool holds(std::uint64_t offset, std::uint64_t length) const {
     return offset <= size_ && length <= size_ - offset;
@@ -46,7 +45,7 @@ class open_file {
 
  private:
   int descriptor_;
-  std::uint64_t size_ = 0;
+  std::uint64_t size_ = 0;  // 0 for what is not a regular file
 };
 
 bool holds_segments(const open_file& file, const Elf64_Ehdr& header) {
@@ -69,6 +68,9 @@ bool holds_section_table(const open_file& file, const Elf64_Ehdr& header) {
 
 bool is_complete_shared_object(const char* path) {
   const open_file file(path);
+  if (!file.is_open()) {
+    return true;
+  }
   Elf64_Ehdr header;
   return file.read(0, header) && std::memcmp(header.e_ident, ELFMAG, SELFMAG) == 0 &&
          header.e_ident[EI_CLASS] == ELFCLASS64 && header.e_phentsize == sizeof(Elf64_Phdr) &&

@@ -44,6 +44,12 @@ TEST(SharedObjectTest, ANameWithoutASlashIsSearchedFor) {
   EXPECT_EQ(UnloadPlugin(handle), S_OK);
 }
 
+TEST(SharedObjectTest, OriginStandsForTheFolderOfTheLibrary) {
+  void* handle = LoadPlugin("$ORIGIN/../tests/miniature/good.so");
+  ASSERT_NE(handle, nullptr);
+  EXPECT_EQ(UnloadPlugin(handle), S_OK);
+}
+
 TEST(SharedObjectTest, ANullPathGivesTheProgramItself) {
   void* narrow = LoadPlugin(nullptr);
   void* from_wide = LoadPluginW(nullptr);
