@@ -44,8 +44,8 @@ TEST(SharedObjectTest, ANameWithoutASlashIsSearchedFor) {
   EXPECT_EQ(UnloadPlugin(handle), S_OK);
 }
 
-TEST(SharedObjectTest, OriginStandsForTheFolderOfTheLibrary) {
-  void* handle = LoadPlugin("$ORIGIN/../tests/miniature/good.so");
+TEST(SharedObjectTest, TokensInAPathAreLeftToTheSystem) {
+  void* handle = LoadPlugin("/usr/$LIB/libc.so.6");
   ASSERT_NE(handle, nullptr);
   EXPECT_EQ(UnloadPlugin(handle), S_OK);
 }
