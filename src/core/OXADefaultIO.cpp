@@ -27,16 +27,20 @@ class message_line {
   unsigned long used_;
 };
 
+void write_line(std::FILE* stream, const char* prefix, const char* format, va_list arguments) {
+  message_line line(prefix);
+  line.format(format, arguments);
+  line.write(stream);
+}
+
 }  // namespace
 
 void OXADefaultIOMessage::EmitError(const char* format, ...) {
   if (format != nullptr) {
-    message_line line("ERROR: ");
     va_list arguments;
     va_start(arguments, format);
-    line.format(format, arguments);
+    write_line(stderr, "ERROR: ", format, arguments);
     va_end(arguments);
-    line.write(stderr);
   }
   std::fflush(stderr);
 }
@@ -61,24 +65,20 @@ void OXADefaultIOMessage::EmitWarning(const char* format, ...) {
   if (warning_threshold_ <= 0 || format == nullptr) {
     return;
   }
-  message_line line("WARNING: ");
   va_list arguments;
   va_start(arguments, format);
-  line.format(format, arguments);
+  write_line(stdout, "WARNING: ", format, arguments);
   va_end(arguments);
-  line.write(stdout);
 }
 
 void OXADefaultIOMessage::EmitMessage(int level, const char* format, ...) {
   if (message_threshold_ < level || format == nullptr) {
     return;
   }
-  message_line line("");
   va_list arguments;
   va_start(arguments, format);
-  line.format(format, arguments);
+  write_line(stdout, "", format, arguments);
   va_end(arguments);
-  line.write(stdout);
 }
 
 void OXADefaultIOMessage::EmitWarning(int level, const char* format, ...) {
