@@ -2,6 +2,8 @@
 
 #include <oxa/sdk/guard.h>
 
+#include <algorithm>
+
 #include "core/default_services.h"
 
 // The wall stands in here: an exception that left the constructor would leave the services that are
@@ -15,13 +17,25 @@ OXAResult OXAContext::GetInterface(const _GUID& iid, void** out) {
     return E_INVALIDARG;
   }
   *out = nullptr;
-  IOXAReference* service = services_.find(iid);
+  IOXAReference* service = find(iid);
   if (service == nullptr) {
     return E_NOTFOUND;
   }
-  service->AddReference();
-  *out = service;
-  return S_OK;
+  return oxa::guard([&] {
+    service->AddReference();
+    *out = service;
+    return S_OK;
+  });
+}
+
+// Finds a service. While the context ends, one that it has released is no longer there.
+IOXAReference* OXAContext::find(const _GUID& iid) const {
+  IOXAReference* service = services_.find(iid);
+  if (released_ == 0 || service == nullptr) {
+    return service;
+  }
+  const auto held = ids_.begin() + static_cast<std::ptrdiff_t>(released_);
+  return std::find(held, ids_.end(), iid) == ids_.end() ? nullptr : service;
 }
 
 OXAResult OXAContext::AddToContext(const _GUID& iid, void* object) {
@@ -34,7 +48,8 @@ OXAResult OXAContext::AddToContext(const _GUID& iid, void* object) {
       ids_.reserve(ids_.size() * 2 + 16);
     }
     auto* service = static_cast<IOXAReference*>(object);
-    IOXAReference* previous = services_.set(iid, service);
+    IOXAReference* previous = find(iid);
+    services_.set(iid, service);
     if (previous == nullptr) {
       ids_.push_back(iid);
     }
@@ -46,8 +61,13 @@ OXAResult OXAContext::AddToContext(const _GUID& iid, void* object) {
   });
 }
 
+// A service that ends may still call the context.
 OXAContext::~OXAContext() {
-  for (const _GUID& id : ids_) {
-    services_.find(id)->ReleaseReference();
+  while (released_ < ids_.size()) {
+    IOXAReference* service = services_.find(ids_[released_++]);
+    oxa::guard([&] {
+      service->ReleaseReference();
+      return S_OK;
+    });
   }
 }

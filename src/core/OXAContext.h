@@ -4,6 +4,7 @@
 #include <oxa/IOXAContext.h>
 #include <oxa/sdk/implements.h>
 
+#include <cstddef>
 #include <vector>
 
 #include "core/guid_table.h"
@@ -21,6 +22,9 @@ class OXAContext final : public oxa::Implements<IOXAContext> {
   ~OXAContext() override;
 
  private:
+  IOXAReference* find(const _GUID& iid) const;
+
   guid_table<IOXAReference*> services_;
-  std::vector<_GUID> ids_;  // in the order in which they were first added
+  std::vector<_GUID> ids_;    // in the order in which they were first added
+  std::size_t released_ = 0;  // how many of these the destructor has released
 };

@@ -70,11 +70,18 @@ OXAResult OXAInterfaceManager::RegisterInterface(const char* name, const _GUID& 
   }
   return oxa::guard([&] {
     const id_number number = register_guid(iid);
-    auto found = namespaces_.find(std::string_view(name));
-    if (found == namespaces_.end()) {
-      found = namespaces_.try_emplace(name).first;
+    const auto known = namespaces_.find(std::string_view(name));
+    if (known != namespaces_.end()) {
+      file(*known, number, iid, object);
+      return S_OK;
     }
-    file(*found, number, iid, object);
+    const auto made = namespaces_.try_emplace(name).first;
+    try {
+      file(*made, number, iid, object);
+    } catch (...) {
+      namespaces_.erase(made);
+      throw;
+    }
     return S_OK;
   });
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
+#include <new>
 
 namespace {
 
@@ -22,32 +24,19 @@ void interface_bucket::add(const _GUID& iid, void* object) {
   }
   try {
     next_.push_back(position);
-    const auto [found, fresh] = chains_.try_emplace(object, chain{position, position});
-    if (!fresh) {
-      next_[found->second.last] = position;
-      found->second.last = position;
-    }
-  } catch (...) {
-    drop_index();  // the entry stands without it, and the next removal builds it again
+    link(position);
+  } catch (const std::bad_alloc&) {
+    drop_index();
   }
 }
 
 bool interface_bucket::remove(void* object) {
-  if (entries_.size() <= search_limit) {
-    return remove_by_search(object);
-  }
-  if (next_.empty()) {
+  if (entries_.size() > search_limit && next_.empty()) {
     build_index();
   }
-  const auto found = chains_.find(object);
-  if (found == chains_.end()) {
+  const std::size_t position = next_.empty() ? search(object) : take_from_index(object);
+  if (position == entries_.size()) {
     return false;
-  }
-  const std::size_t position = found->second.first;
-  if (position == found->second.last) {
-    chains_.erase(found);
-  } else {
-    found->second.first = next_[position];
   }
   entries_[position].second = nullptr;
   --live_;
@@ -57,15 +46,24 @@ bool interface_bucket::remove(void* object) {
   return true;
 }
 
-bool interface_bucket::remove_by_search(void* object) {
+std::size_t interface_bucket::search(void* object) const noexcept {
   const auto found = std::find_if(entries_.begin(), entries_.end(),
                                   [&](const auto& entry) { return entry.second == object; });
-  if (found == entries_.end()) {
-    return false;
+  return static_cast<std::size_t>(found - entries_.begin());
+}
+
+std::size_t interface_bucket::take_from_index(void* object) noexcept {
+  const auto found = chains_.find(object);
+  if (found == chains_.end()) {
+    return entries_.size();
   }
-  entries_.erase(found);
-  --live_;
-  return true;
+  const std::size_t position = found->second.first;
+  if (position == found->second.last) {
+    chains_.erase(found);
+  } else {
+    found->second.first = next_[position];
+  }
+  return position;
 }
 
 void interface_bucket::append_to(OXAInterfaceList& list) const {
@@ -73,21 +71,28 @@ void interface_bucket::append_to(OXAInterfaceList& list) const {
                [](const auto& entry) { return !is_gap(entry); });
 }
 
-void interface_bucket::build_index() {
+// Without the memory for it there is no index, and the entries are searched.
+void interface_bucket::build_index() noexcept {
   try {
     next_.resize(entries_.size());
     chains_.reserve(live_);
     for (std::size_t position = 0; position < entries_.size(); ++position) {
-      const auto [found, fresh] =
-          chains_.try_emplace(entries_[position].second, chain{position, position});
-      if (!fresh) {
-        next_[found->second.last] = position;
-        found->second.last = position;
+      if (!is_gap(entries_[position])) {
+        link(position);
       }
     }
-  } catch (...) {
+  } catch (const std::bad_alloc&) {
     drop_index();
-    throw;
+  }
+}
+
+// Appends an entry to the chain of its object.
+void interface_bucket::link(std::size_t position) {
+  const auto [found, fresh] =
+      chains_.try_emplace(entries_[position].second, chain{position, position});
+  if (!fresh) {
+    next_[found->second.last] = position;
+    found->second.last = position;
   }
 }
 

@@ -19,8 +19,7 @@ class interface_bucket {
   // Throws std::bad_alloc with nothing changed.
   void add(const _GUID& iid, void* object);
 
-  // Takes out the first entry of `object`; false when there is none. Throws std::bad_alloc with
-  // nothing changed.
+  // Takes out the first entry of `object`; false when there is none.
   bool remove(void* object);
 
   // Appends the entries to `list`.
@@ -33,8 +32,12 @@ class interface_bucket {
     std::size_t last;
   };
 
-  bool remove_by_search(void* object);
-  void build_index();
+  // Return the position of the first entry of `object`, or the number of entries; the second drops
+  // it from the index.
+  std::size_t search(void* object) const noexcept;
+  std::size_t take_from_index(void* object) noexcept;
+  void build_index() noexcept;
+  void link(std::size_t position);
   void drop_index() noexcept;
   void close_gaps();
 

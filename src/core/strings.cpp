@@ -14,10 +14,10 @@ int sprintf_safe(char* dst, unsigned long size, const char* format, const char* 
   if (arg == nullptr) {
     return 0;
   }
-  const auto arg_length = static_cast<unsigned long>(strlen_safe(arg));
+  const unsigned long arg_length = std::strlen(arg);
   // Kept: the "%s" counts as part of the format and the terminator does not, so a total equal to
   // `size` is accepted (SprintfSafeTest).
-  if (static_cast<unsigned long>(strlen_safe(format)) + arg_length > size) {
+  if (std::strlen(format) + arg_length > size) {
     return 0;
   }
   for (const char* from = format; *from != '\0';) {

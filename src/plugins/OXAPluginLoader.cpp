@@ -5,6 +5,7 @@
 #include <oxa/shared_objects.h>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "core/factory.h"
@@ -55,6 +56,9 @@ OXAPluginLoader::OXAPluginLoader(IOXAContext* context, OXAResult& result) : cont
 OXAResult OXAPluginLoader::Load(const wchar_t* path) {
   if (path == nullptr) {
     return E_INVALIDARG;
+  }
+  if (!registry_) {
+    return E_UNEXPECTED;  // the loader is ending, or its context has no registry
   }
   return oxa::guard([&] {
     if (plugins_.find(std::wstring_view(path)) != plugins_.end()) {
@@ -122,19 +126,22 @@ OXAResult OXAPluginLoader::publish(_plugin& plugin) {
       E_OUTOFMEMORY) {
     return E_OUTOFMEMORY;
   }
-  oxa::Ref<IOXAInterfaceEnum> offered;
-  const OXAResult listed =
-      oxa::guard([&] { return plugin.object->GetInterfaceEnum(oxa::adopt_into(offered)); });
-  if (listed < 0 || !offered) {
+  IOXAInterfaceEnum* offered = nullptr;
+  const OXAResult listed = oxa::guard([&] { return plugin.object->GetInterfaceEnum(&offered); });
+  if (listed < 0 || offered == nullptr) {
     refuse("Unloading plugin (%s): GetInterfaceEnum() failed..", plugin);
     return E_INVALIDARG;
   }
-  OXAResult result = file_interfaces(plugin, *offered);
-  if (result == S_OK && !plugins_.try_emplace(plugin.path, plugin).second) {
-    result = already_loaded;
+  // Released by hand: a smart pointer would end the process if the plug-in throws here.
+  const OXAResult filed = oxa::guard([&] { return file_interfaces(plugin, *offered); });
+  const OXAResult released = oxa::guard([&] {
+    offered->ReleaseReference();
+    return S_OK;
+  });
+  if (filed != S_OK || released != S_OK) {
+    return filed != S_OK ? filed : released;
   }
-  offered.reset();
-  return result;
+  return plugins_.try_emplace(plugin.path, plugin).second ? S_OK : already_loaded;
 }
 
 // Numbers and files what the plug-in offers.
@@ -180,6 +187,9 @@ OXAResult OXAPluginLoader::LoadAll(const wchar_t* folder) {
   if (folder == nullptr) {
     return E_INVALIDARG;
   }
+  if (!registry_) {
+    return E_UNEXPECTED;
+  }
   return oxa::guard([&] {
     // Kept: the sink is fetched again and the reference to the previous one is never released
     // (PluginLoaderTest.EachLoadAllLeavesAReferenceOnTheSink).
@@ -223,12 +233,17 @@ OXAResult OXAPluginLoader::Unload(const wchar_t* path) {
   return oxa::guard([&] { return unload_plugin(record.mapped()); });
 }
 
+// A record without a handle has been unloaded already. It stays until all are, or for good when one
+// throws: a plug-in that has the loader load its path again while it ends finds it loaded, and so
+// the walk ends.
 OXAResult OXAPluginLoader::UnloadAll() {
   const OXAResult result = oxa::guard([&] {
-    while (!plugins_.empty()) {
-      auto record = plugins_.extract(plugins_.begin());
-      unload_plugin(record.mapped());
+    for (auto record = plugins_.begin(); record != plugins_.end();) {
+      _plugin plugin = std::exchange(record->second, {});
+      unload_plugin(plugin);
+      record = plugins_.upper_bound(plugin.path);
     }
+    std::erase_if(plugins_, [](const auto& record) { return record.second.handle == nullptr; });
     return S_OK;
   });
   return result < 0 ? E_UNEXPECTED : S_OK;

@@ -9,12 +9,18 @@
 #include "core/utf.h"
 #include "plugins/shared_object_file.h"
 
+// Opening runs the object's static constructors, which may throw.
 void* LoadPlugin(const char* path) {
   const bool names_a_file = path != nullptr && std::strchr(path, '/') != nullptr;
   if (names_a_file && !oxa::is_complete_shared_object(path)) {
     return nullptr;
   }
-  return dlopen(path, RTLD_LAZY);
+  void* handle = nullptr;
+  oxa::guard([&] {
+    handle = dlopen(path, RTLD_LAZY);
+    return S_OK;
+  });
+  return handle;
 }
 
 void* LoadPluginW(const wchar_t* path) {

@@ -166,7 +166,7 @@ TEST(ObjectSlotsTest, PluginLoader) {
   EXPECT_EQ(call_slot<OXAResult>(loader, 5, L"/not/there"), S_OK);
   EXPECT_EQ(call_slot<OXAResult>(loader, 6, L"/not/there"), E_NOTFOUND);
   EXPECT_EQ(call_slot<OXAResult>(loader, 7), S_OK);
-  // The contract leaves a reference on the sink when a folder is loaded.
+  // LoadAll leaves a reference on the sink.
   call_slot<std::int64_t>(host.service(IID_IOXADebugMessage), 2);
 }
 

@@ -199,6 +199,9 @@ TEST_F(InterfaceManagerTest, AFailedAllocationFilesNothing) {
       EXPECT_EQ(result, failed ? E_OUTOFMEMORY : S_OK);
     }
     EXPECT_EQ(under(x_), failed ? Listing{} : (Listing{{1, a_}}));
+    oxa::Ref<IOXAInterfaceEnum> found;
+    EXPECT_EQ(manager_->GetInterfaceEnumByNamespace(name, oxa::adopt_into(found)),
+              failed ? E_NOTFOUND : S_OK);
     EXPECT_EQ(manager_->RegisterInterface(name, x_, b_), S_OK);
     EXPECT_EQ(under(x_).back().second, b_);
   }
@@ -223,7 +226,7 @@ TEST_F(InterfaceManagerTest, AFailedQueryLeavesANullOutput) {
   EXPECT_EQ(failed, 6U);  // the list, its pairs and the enumerator, twice
 }
 
-// The registry as its description reads: scanned from end to end at every step.
+// The registry at its simplest: scanned from end to end at every step.
 class SlowRegistry {
  public:
   void add(const std::string& name, unsigned long id, void* object) {

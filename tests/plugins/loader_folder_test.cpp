@@ -65,7 +65,7 @@ TEST(PluginLoaderTest, LoadAllWithoutAFolderIsRefusedBeforeTheSinkIsFetched) {
   EXPECT_EQ(host.sink->CheckReference(), references);
 }
 
-// The contract leaves one reference per call; the test drops them.
+// LoadAll leaves one reference per call; the test drops them.
 TEST(PluginLoaderTest, EachLoadAllLeavesAReferenceOnTheSink) {
   RecordingHost host;
   const std::int64_t references = host.sink->CheckReference();

@@ -25,7 +25,7 @@ class OpenObject {
   void* handle_;
 };
 
-// Takes out what a load has left in "plugins". The contract leaves a plug-in object alive when its
+// Takes out what a load has left in "plugins". Load leaves a plug-in object alive when its
 // list fails; the test ends it.
 void end_object_left_behind(const Host& host) {
   for (const oxa::InterfaceEntry& entry : entries_in(host.registry, "plugins")) {

@@ -125,7 +125,7 @@ INSTANTIATE_TEST_SUITE_P(All, RefusedPluginTest,
                                          Refusal{"not_there", E_FAIL, {}}),
                          [](const auto& instance) { return std::string(instance.param.plugin); });
 
-// The contract leaves the plug-in object alive when its list fails, although its code is closed.
+// Load leaves the plug-in object alive when its list fails, although its code is closed.
 // The test keeps the code open to see the object, and ends it.
 void expect_object_left_behind(const char* plugin) {
   RecordingHost host;
