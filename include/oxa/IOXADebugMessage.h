@@ -7,7 +7,8 @@
 
 // Reports to people. The library's own writes errors to standard error, warnings and messages to
 // standard output, a line each, cut at 999 characters; a host may file its own in the context under
-// IID_IOXADebugMessage before it loads plug-ins. Formats follow printf. May be called from any
+// IID_IOXADebugMessage. Who fetched the previous one keeps using it: the plug-in loader takes its
+// sink when it is made, and again with every LoadAll. Formats follow printf. May be called from any
 // thread; lines of different threads come in no fixed order.
 //
 // The operations without a level speak only above a threshold that starts at 0 (see the setters).

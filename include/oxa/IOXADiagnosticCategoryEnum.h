@@ -7,7 +7,8 @@
 
 class IOXADiagnosticCategory;
 
-// Walks a list of diagnostic categories. Implemented by the library; used by one thread at a time.
+// Walks a list of diagnostic categories. To be implemented by the library, which hands none out
+// yet; used by one thread at a time.
 // Items are borrowed: the enumerator neither holds nor hands out references. Begin with GetFirst:
 // the cursor starts on the first item, so a first GetNext skips it.
 class IOXADiagnosticCategoryEnum : public IOXAReference {

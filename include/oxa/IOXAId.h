@@ -2,7 +2,8 @@
 #pragma once
 
 // Numbers things: services, interface ids, properties. Implemented by the library and embedded in
-// the objects that number; not reference counted. Safe to call from any thread.
+// its objects that number, none of which hands it out; not reference counted. Safe to call from any
+// thread.
 class IOXAId {
  public:
   // Takes the next number; the first is 0. No two calls return the same one between resets.

@@ -34,9 +34,11 @@ struct OXAInterfaceId<IOXAPlugin> {
   static const _GUID& value() { return IID_IOXAPlugin; }
 };
 
-// The entry point that every plug-in shared object defines; the library itself has none. `context`
-// outlives the plug-in and is not to be referenced: a plug-in that holds its context keeps both
-// alive for good. The loader asks for IID_IOXAPlugin and owns one reference to `*out`.
-// S_OK; E_NOINTERFACE for any other id. Any negative result makes the loader refuse the plug-in.
+// The entry point that every plug-in shared object defines; the library itself has none. Export
+// nothing else: an object that exports "unique" symbols, which templates and inline functions of
+// the standard library bring along, is never unmapped again. `context` outlives the plug-in and is
+// not to be referenced: a plug-in that holds its context keeps both alive for good. The loader asks
+// for IID_IOXAPlugin and owns one reference to `*out`. S_OK; E_NOINTERFACE for any other id. Any
+// negative result makes the loader refuse the plug-in.
 extern "C" OXA_EXPORT OXAResult OXACreatePluginInterface(IOXAContext* context, const _GUID& iid,
                                                          void** out);

@@ -9,30 +9,38 @@
 // Opens plug-in shared objects and files what they offer in the interface manager: the plug-in
 // object under "plugins", offered interfaces under "readers", "writers", "algorithms", "layouts" or
 // "misc" by their id. Implemented by the library, one per process; every context holds it under
-// IID_IOXAPluginLoader. Used on the host's thread only. Paths are compared as written;
-// oxa::widen in <oxa/sdk/utf8.h> makes them of UTF-8.
+// IID_IOXAPluginLoader. Used on one thread only, on which plug-ins are called too. It works with
+// the context, and the registry, that it was made for.
+//
+// Paths are compared as written; oxa::widen in <oxa/sdk/utf8.h> makes them of UTF-8. As everywhere
+// on this system, one without "/" is not looked for in the current folder.
 class IOXAPluginLoader : public IOXAReference {
  public:
   // Loads one shared object.
-  // S_OK; 5 when this path is loaded already; E_INVALIDARG for a null path, or an object without
-  // the entry point, with a failing one, or whose list of interfaces fails, each with a message;
-  // E_NOINTERFACE for a plug-in that offers nothing; E_FAIL when the object cannot be opened;
-  // E_OUTOFMEMORY. After a failure the object is closed again; after E_NOINTERFACE and after a
-  // failing list its entry in "plugins" stays behind and must not be used.
+  // S_OK; S_ALREADYEXISTS when this path is loaded already; E_INVALIDARG for a null path, or an
+  // object without the entry point, with a failing one, or whose list of interfaces fails, each
+  // with a message; E_NOINTERFACE for a plug-in that offers nothing; E_FAIL when the object cannot
+  // be opened, without a message; E_OUTOFMEMORY; E_UNEXPECTED when the plug-in throws elsewhere, or
+  // the loader is ending. After a failure the object is closed again; after E_NOINTERFACE and after
+  // a failing list its entry in "plugins" stays behind and must not be used.
   virtual OXAResult Load(const wchar_t* path) = 0;
 
-  // Loads every entry of `folder` whose name contains ".so" and reports each through the message
-  // sink. One that fails does not stop the others.
-  // S_OK, also for a folder that cannot be read; E_INVALIDARG for a null folder; E_OUTOFMEMORY.
+  // Loads every entry of `folder` whose name contains ".so", by the path made of `folder`, "/" and
+  // the name, and reports each through the message sink. One that fails does not stop the others.
+  // S_OK, also for a folder that cannot be read; E_INVALIDARG for a null folder; E_OUTOFMEMORY;
+  // E_UNEXPECTED when the loader is ending.
   virtual OXAResult LoadAll(const wchar_t* folder) = 0;
 
   // Drops the plug-in loaded from `path`, and closes its shared object if nobody else holds the
   // plug-in object. What it registered stays in the interface manager: unregister it first.
-  // S_OK; E_INVALIDARG for a null path; E_NOTFOUND for a path that is not loaded.
+  // Code that the system's loader cannot take out stays mapped (see IOXAPlugin.h).
+  // S_OK; E_INVALIDARG for a null path; E_NOTFOUND for a path that is not loaded; E_UNEXPECTED when
+  // the plug-in throws.
   virtual OXAResult Unload(const wchar_t* path) = 0;
 
   // Drops all plug-ins in ascending path order, as Unload does.
-  // S_OK; E_UNEXPECTED when a plug-in throws, with the rest still loaded.
+  // S_OK; E_UNEXPECTED when a plug-in throws, with those behind it still loaded; the next call goes
+  // on with them.
   virtual OXAResult UnloadAll() = 0;
 
  protected:

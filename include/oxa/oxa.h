@@ -16,7 +16,9 @@
 #include <oxa/guid.h>
 #include <oxa/interface_ids.h>
 #include <oxa/result.h>
+#include <oxa/sdk/guard.h>
 #include <oxa/sdk/guid_text.h>
+#include <oxa/sdk/implements.h>
 #include <oxa/sdk/ranges.h>
 #include <oxa/sdk/ref.h>
 #include <oxa/sdk/result_text.h>

@@ -1,6 +1,8 @@
 // The result codes of every operation that can fail.
 #pragma once
 
+#include <oxa/export.h>
+
 #include <cstdint>
 
 // A signed 32-bit outcome: negative means failure, zero or positive success. Test the sign, never
@@ -12,6 +14,8 @@ inline constexpr OXAResult S_OK = 0;
 // Success with nothing to give: an enumerator is at its end. Also the normal success of adding to
 // the context, and so of the factories that end with that step.
 inline constexpr OXAResult S_FALSE = 1;
+// Success: the entry was there already. Registries and the plug-in loader return it.
+inline constexpr OXAResult S_ALREADYEXISTS = 5;
 // A required output pointer or input argument is null or out of range.
 inline constexpr OXAResult E_INVALIDARG = static_cast<OXAResult>(0x80070057U);
 // The output pointer of an enumerator operation is null, or an enumerator has no list behind it.

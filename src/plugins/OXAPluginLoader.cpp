@@ -16,8 +16,6 @@ namespace {
 // The one loader of the process; it holds no reference.
 IOXAPluginLoader* process_loader = nullptr;
 
-constexpr OXAResult already_loaded = 5;
-
 constexpr char plugins_namespace[] = "plugins";
 
 const char* namespace_for(const _GUID& iid) {
@@ -62,7 +60,7 @@ OXAResult OXAPluginLoader::Load(const wchar_t* path) {
   }
   return oxa::guard([&] {
     if (plugins_.find(std::wstring_view(path)) != plugins_.end()) {
-      return already_loaded;
+      return S_ALREADYEXISTS;
     }
     _plugin plugin;
     plugin.path = path;
@@ -141,7 +139,7 @@ OXAResult OXAPluginLoader::publish(_plugin& plugin) {
   if (filed != S_OK || released != S_OK) {
     return filed != S_OK ? filed : released;
   }
-  return plugins_.try_emplace(plugin.path, plugin).second ? S_OK : already_loaded;
+  return plugins_.try_emplace(plugin.path, plugin).second ? S_OK : S_ALREADYEXISTS;
 }
 
 // Numbers and files what the plug-in offers.

@@ -1,8 +1,10 @@
 #include <oxa/sdk/plugin.h>
 
 #include <gtest/gtest.h>
+#include <oxa/sdk/ranges.h>
 
 #include <stdexcept>
+#include <vector>
 
 #include "support/allocations.h"
 #include "support/fakes.h"
@@ -98,6 +100,23 @@ TEST_F(SdkPluginTest, AnOfferedObjectMayOutliveItsPlugin) {
   }
   EXPECT_EQ(greeter->CheckReference(), 1);
   EXPECT_STREQ(greeter->Greet(), "hello");
+}
+
+TEST_F(SdkPluginTest, OneObjectCanBeOfferedUnderSeveralIds) {
+  const oxa::Offer offers[] = {oxa::offer<Greeter>(IID_IOXAFileReader),
+                               oxa::also(IID_IOXAFileWriter), oxa::offer<Greeter>(IID_IOXALayout)};
+  oxa::Ref<IOXAPlugin> plugin;
+  oxa::create_plugin(context_.get(), IID_IOXAPlugin, oxa::adopt_into(plugin),
+                     {"Greeters", "1.0", offers, 3});
+  oxa::Ref<IOXAInterfaceEnum> offered;
+  plugin->GetInterfaceEnum(oxa::adopt_into(offered));
+  std::vector<void*> objects;
+  for (const oxa::InterfaceEntry& entry : oxa::entries(*offered)) {
+    objects.push_back(entry.object);
+  }
+  ASSERT_EQ(objects.size(), 3U);
+  EXPECT_EQ(objects[0], objects[1]);
+  EXPECT_NE(objects[0], objects[2]);
 }
 
 TEST_F(SdkPluginTest, AThrowingConstructorFailsTheEntryPoint) {

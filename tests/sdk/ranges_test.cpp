@@ -55,6 +55,22 @@ TEST(EntriesTest, VisitsEveryPairOnce) {
   EXPECT_EQ(visited, (std::vector<unsigned long>{0, 1, 2}));
 }
 
+TEST(EntriesTest, KeepItsEnumeratorAlive) {
+  int visited = 0;
+  for ([[maybe_unused]] const oxa::InterfaceEntry& entry :
+       oxa::entries(*oxa::make<OnceToTheEnd>(3))) {
+    ++visited;
+  }
+  EXPECT_EQ(visited, 3);
+}
+
+TEST(EntriesTest, AreInputIterators) {
+  const auto enumerator = oxa::make<OnceToTheEnd>(3);
+  auto entry = oxa::entries(*enumerator).begin();
+  EXPECT_EQ((*entry++).iid.Data1, 0U);
+  EXPECT_EQ(entry->iid.Data1, 1U);
+}
+
 TEST(EntriesTest, AnEmptyEnumeratorHasNothingToVisit) {
   const auto enumerator = oxa::make<OnceToTheEnd>(0);
   for (const oxa::InterfaceEntry& entry : oxa::entries(*enumerator)) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
+#include <unordered_set>
 #include <utility>
 
 #include "support/fakes.h"
@@ -110,6 +112,39 @@ TEST(RefTest, ANullOutputEmptiesTheTarget) {
   auto ref = oxa::make<Thing>();
   give(nullptr, oxa::adopt_into(ref));
   EXPECT_FALSE(ref);
+}
+
+TEST(RefTest, IsComparedWithNull) {
+  EXPECT_TRUE(Ref<Thing>() == nullptr);
+  EXPECT_TRUE(oxa::make<Thing>() != nullptr);
+}
+
+TEST(RefTest, FindsItsPlaceInASet) {
+  const auto thing = oxa::make<Thing>();
+  const std::unordered_set<Ref<Thing>> things{thing, thing, oxa::make<Thing>()};
+  EXPECT_EQ(things.size(), 2U);
+  EXPECT_EQ(things.count(thing), 1U);
+}
+
+TEST(RefTest, ConvertsOnlyWhereThePointersDo) {
+  static_assert(std::is_convertible_v<Ref<oxa_test::RecordingSink>, Ref<IOXADebugMessage>>);
+  static_assert(!std::is_convertible_v<Ref<IOXADebugMessage>, Ref<oxa_test::RecordingSink>>);
+  static_assert(!std::is_convertible_v<Ref<IOXADebugMessage>, Ref<IOXAContext>>);
+}
+
+TEST(RefTest, ATargetReceivesItsOutputWhenTheStatementEnds) {
+  Ref<Thing> ref;
+  const bool inside =
+      give(oxa::make<Thing>().detach(), oxa::adopt_into(ref)) == S_OK && ref != nullptr;
+  EXPECT_FALSE(inside);
+  EXPECT_TRUE(ref);
+}
+
+TEST(ServiceTest, IsFiledUnderItsInterface) {
+  const auto context = oxa::make<oxa_test::FakeContext>();
+  const auto sink = oxa::make<oxa_test::RecordingSink>();
+  EXPECT_EQ(oxa::add_service<IOXADebugMessage>(context.get(), sink), S_FALSE);
+  EXPECT_EQ(oxa::service<IOXADebugMessage>(context).get(), sink.get());
 }
 
 TEST(ServiceTest, FetchesByInterface) {

@@ -16,6 +16,7 @@ struct Code {
 const Code codes[] = {
     {S_OK, 0, "S_OK"},
     {S_FALSE, 1, "S_FALSE"},
+    {S_ALREADYEXISTS, 5, "S_ALREADYEXISTS"},
     {E_INVALIDARG, 0x80070057, "E_INVALIDARG"},
     {E_POINTER, 0x80004003, "E_POINTER"},
     {E_NOINTERFACE, 0x80004002, "E_NOINTERFACE"},
@@ -55,8 +56,8 @@ TEST(ResultTest, EveryCodeHasATextOfItsOwn) {
 }
 
 TEST(ResultTest, OtherValuesAreToldBySign) {
-  EXPECT_EQ(oxa::result_name(5), nullptr);
-  EXPECT_STREQ(oxa::result_text(5), "success");
+  EXPECT_EQ(oxa::result_name(6), nullptr);
+  EXPECT_STREQ(oxa::result_text(6), "success");
   EXPECT_STREQ(oxa::result_text(-5), "failure");
 }
 

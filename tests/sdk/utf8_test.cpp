@@ -30,6 +30,13 @@ TEST(Utf8Test, WhatIsNoCodePointIsDropped) {
   EXPECT_EQ(oxa::narrow(wide), "ab");
 }
 
+TEST(Utf8Test, AppendingWhatIsNoCodePointChangesNothing) {
+  std::string text = "a";
+  oxa::append_utf8(text, oxa::not_utf8);
+  oxa::append_utf8(text, 0xD800);
+  EXPECT_EQ(text, "a");
+}
+
 struct Malformed {
   const char* text;
   const wchar_t* kept;

@@ -15,9 +15,9 @@ inline namespace sdk1 {
 // Returns an id as "{0154AC61-6A91-4795-9CA3-E7B6092FA95F}". A first group beyond 32 bits takes as
 // many digits as it needs.
 inline std::string to_string(const _GUID& id) {
-  static constexpr char digits[] = "0123456789ABCDEF";
+  constexpr char digits[] = "0123456789ABCDEF";
   std::string text = "{";
-  const auto append = [&text](unsigned long value, int width) {
+  const auto append = [&](unsigned long value, int width) {
     for (int digit = width; digit-- > 0;) {
       text += digits[(value >> (4 * digit)) & 0xFU];
     }

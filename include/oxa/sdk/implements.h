@@ -25,8 +25,9 @@ class Counted : public First, public Second {
 };
 
 // Implements an interface: `class Reader final : public oxa::Implements<IReader> { ... };` leaves
-// only the interface's own operations to write. The object's address is its interface pointer, and
-// its last ReleaseReference destroys it.
+// only the interface's own operations to write. Its last ReleaseReference destroys the object.
+// Derive from nothing else before it, and the object's address is its interface pointer; where a
+// `void*` is asked for, as in AddToContext, give it as an Interface*.
 template <class Interface>
 class Implements : public Counted<Interface, OXAReference> {
  public:

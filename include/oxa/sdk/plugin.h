@@ -20,7 +20,8 @@ inline namespace sdk1 {
 // One row of a plug-in's table: an interface id, and how to make the object offered under it.
 struct Offer {
   const _GUID* iid;
-  // Returns an interface pointer that carries one reference; may throw.
+  // Returns an interface pointer that carries one reference; may throw. Null offers the object of
+  // the row above.
   void* (*make)(IOXAContext* context);
 };
 
@@ -47,6 +48,10 @@ constexpr Offer offer(const _GUID& iid) {
           }};
 }
 
+// Offers the object of the row above under a further id: that of an interface from which the
+// class's own derives, or of another version of it.
+constexpr Offer also(const _GUID& iid) { return {&iid, nullptr}; }
+
 // The plug-in object over a table: makes what is offered when it is made, and holds it until it
 // ends.
 class TablePlugin final : public Implements<IOXAPlugin> {
@@ -55,10 +60,14 @@ class TablePlugin final : public Implements<IOXAPlugin> {
       : description_(description) {
     held_.reserve(description.offer_count);
     offered_.reserve(description.offer_count);
+    void* object = nullptr;
     for (std::size_t row = 0; row < description.offer_count; ++row) {
-      void* object = description.offers[row].make(context);
-      held_.push_back(Ref<IOXAReference>::adopt(static_cast<IOXAReference*>(object)));
-      offered_.emplace_back(*description.offers[row].iid, object);
+      const Offer& offer = description.offers[row];
+      if (offer.make != nullptr) {
+        object = offer.make(context);
+        held_.push_back(Ref<IOXAReference>::adopt(static_cast<IOXAReference*>(object)));
+      }
+      offered_.emplace_back(*offer.iid, object);
     }
   }
 
@@ -114,6 +123,7 @@ inline OXAResult create_plugin(IOXAContext* context, const _GUID& iid, void** ou
 #define OXA_PLUGIN(name, version, ...)                                                             \
   extern "C" OXA_EXPORT OXAResult OXACreatePluginInterface(IOXAContext* context, const _GUID& iid, \
                                                            void** out) {                           \
+    static_assert(sizeof(#__VA_ARGS__) > 1, "a plug-in offers at least one interface");            \
     static const oxa::Offer offers[] = {__VA_ARGS__};                                              \
     return oxa::create_plugin(context, iid, out,                                                   \
                               {name, version, offers, sizeof offers / sizeof offers[0]});          \

@@ -5,15 +5,18 @@
 #include <oxa/IOXAInterfaceEnum.h>
 #include <oxa/guid.h>
 #include <oxa/result.h>
+#include <oxa/sdk/ref.h>
 
 #include <cstddef>
 #include <iterator>
+#include <utility>
 
 namespace oxa {
 inline namespace sdk1 {
 
-// A range over something with a GetFirst and a GetNext that share one cursor, so only one loop at a
-// time can run over it. `Source` gives `Item`, and `OXAResult first(Item&)` and `next(Item&)`.
+// A range over something with a GetFirst and a GetNext, of which it holds a reference. They share
+// one cursor, so only one loop at a time can run over it. An enumerator that fails ends the range.
+// `Source` gives `Item`, and `OXAResult first(Item&)` and `next(Item&)`.
 template <class Source>
 class EnumeratorRange {
  public:
@@ -28,7 +31,7 @@ class EnumeratorRange {
     using reference = const Item&;
 
     Iterator() = default;
-    explicit Iterator(Source source) : source_(source) { take(source_.first(item_)); }
+    explicit Iterator(Source source) : source_(std::move(source)) { take(source_.first(item_)); }
 
     reference operator*() const { return item_; }
     pointer operator->() const { return &item_; }
@@ -36,7 +39,11 @@ class EnumeratorRange {
       take(source_.next(item_));
       return *this;
     }
-    void operator++(int) { ++*this; }
+    Iterator operator++(int) {
+      Iterator before = *this;
+      ++*this;
+      return before;
+    }
 
     friend bool operator==(const Iterator& left, const Iterator& right) {
       return left.at_end_ == right.at_end_;
@@ -51,7 +58,7 @@ class EnumeratorRange {
     bool at_end_ = true;
   };
 
-  explicit EnumeratorRange(Source source) : source_(source) {}
+  explicit EnumeratorRange(Source source) : source_(std::move(source)) {}
 
   // Moves the enumerator to its first item.
   Iterator begin() const { return Iterator(source_); }
@@ -71,14 +78,14 @@ struct InterfaceSource {
   using Item = InterfaceEntry;
   OXAResult first(Item& item) { return enumerator->GetFirst(item.iid, &item.object); }
   OXAResult next(Item& item) { return enumerator->GetNext(item.iid, &item.object); }
-  IOXAInterfaceEnum* enumerator = nullptr;
+  Ref<IOXAInterfaceEnum> enumerator;
 };
 
 struct NameSource {
   using Item = wchar_t*;
   OXAResult first(Item& item) { return scanner->GetFirst(&item); }
   OXAResult next(Item& item) { return scanner->GetNext(&item); }
-  IOXADirectoryScanner* scanner = nullptr;
+  Ref<IOXADirectoryScanner> scanner;
 };
 
 template <class Enumerator, class ItemType>
@@ -86,25 +93,27 @@ struct ItemSource {
   using Item = ItemType*;
   OXAResult first(Item& item) { return enumerator->GetFirst(&item); }
   OXAResult next(Item& item) { return enumerator->GetNext(&item); }
-  Enumerator* enumerator = nullptr;
+  Ref<Enumerator> enumerator;
 };
 
-// Ranges over the pairs of an interface enumerator, which stays the caller's and must outlive the
-// loop.
+// Ranges over the pairs of an interface enumerator. Not to be nested over the same one.
 inline EnumeratorRange<InterfaceSource> entries(IOXAInterfaceEnum& enumerator) {
-  return EnumeratorRange<InterfaceSource>(InterfaceSource{&enumerator});
+  return EnumeratorRange<InterfaceSource>(
+      InterfaceSource{Ref<IOXAInterfaceEnum>::share(&enumerator)});
 }
 
-// Ranges over the names that a scanner's last Scan found; the names belong to the scanner.
+// Ranges over the names that a scanner's last Scan found; the names belong to the scanner. Not to
+// be nested over the same one.
 inline EnumeratorRange<NameSource> names(IOXADirectoryScanner& scanner) {
-  return EnumeratorRange<NameSource>(NameSource{&scanner});
+  return EnumeratorRange<NameSource>(NameSource{Ref<IOXADirectoryScanner>::share(&scanner)});
 }
 
 // Ranges over the items of a list enumerator, such as an IOXAPropertyEnum; items are borrowed.
 template <class Enumerator, class Item>
 EnumeratorRange<ItemSource<Enumerator, Item>> items(Enumerator& enumerator,
                                                     OXAResult (Enumerator::*)(Item**)) {
-  return EnumeratorRange<ItemSource<Enumerator, Item>>(ItemSource<Enumerator, Item>{&enumerator});
+  return EnumeratorRange<ItemSource<Enumerator, Item>>(
+      ItemSource<Enumerator, Item>{Ref<Enumerator>::share(&enumerator)});
 }
 
 template <class Enumerator>

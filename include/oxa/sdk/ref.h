@@ -4,6 +4,8 @@
 #include <oxa/IOXAContext.h>
 
 #include <cstddef>
+#include <functional>
+#include <type_traits>
 #include <utility>
 
 namespace oxa {
@@ -19,7 +21,7 @@ class Ref {
   Ref(std::nullptr_t) {}
   Ref(const Ref& other) : Ref(share(other.object_)) {}
   Ref(Ref&& other) noexcept : object_(other.detach()) {}
-  template <class Derived>
+  template <class Derived, class = std::enable_if_t<std::is_convertible_v<Derived*, Interface*>>>
   Ref(Ref<Derived> other) noexcept : object_(other.detach()) {}
   ~Ref() { reset(); }
 
@@ -72,6 +74,16 @@ bool operator!=(const Ref<Left>& left, const Ref<Right>& right) {
   return !(left == right);
 }
 
+template <class Interface>
+bool operator==(const Ref<Interface>& ref, std::nullptr_t) {
+  return ref.get() == nullptr;
+}
+
+template <class Interface>
+bool operator!=(const Ref<Interface>& ref, std::nullptr_t) {
+  return ref.get() != nullptr;
+}
+
 // Stands for the output argument of one call: what the callee stores there goes to a Ref at the end
 // of the full expression. Made by adopt_into and share_into.
 template <class Interface>
@@ -97,13 +109,16 @@ class OutputArgument {
 };
 
 // Receives an output that carries a reference: `manager->GetInterfaceEnumByGUID(iid,
-// oxa::adopt_into(found))`.
+// oxa::adopt_into(found));`. The target receives it when the statement ends, not before: test it in
+// the next one. It is emptied when the callee stores nothing. An operation with a `void**` stores
+// what belongs to the id it was asked for, which the compiler cannot compare with the target's
+// type.
 template <class Interface>
 OutputArgument<Interface> adopt_into(Ref<Interface>& target) {
   return {target, &Ref<Interface>::adopt};
 }
 
-// Receives a borrowed output and adds a reference to it.
+// Receives a borrowed output and adds a reference to it, at the same moment.
 template <class Interface>
 OutputArgument<Interface> share_into(Ref<Interface>& target) {
   return {target, &Ref<Interface>::share};
@@ -119,5 +134,24 @@ Ref<Interface> service(IOXAContext* context) {
   return found;
 }
 
+template <class Interface>
+Ref<Interface> service(const Ref<IOXAContext>& context) {
+  return service<Interface>(context.get());
+}
+
+// Files an object in a context under its interface's id, which AddToContext leaves to the caller.
+// The results of AddToContext.
+template <class Interface>
+OXAResult add_service(IOXAContext* context, const Ref<Interface>& object) {
+  return context->AddToContext(OXAInterfaceId<Interface>::value(), object.get());
+}
+
 }  // namespace sdk1
 }  // namespace oxa
+
+template <class Interface>
+struct std::hash<oxa::Ref<Interface>> {
+  std::size_t operator()(const oxa::Ref<Interface>& ref) const {
+    return std::hash<Interface*>()(ref.get());
+  }
+};

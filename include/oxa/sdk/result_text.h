@@ -10,13 +10,16 @@ inline namespace sdk1 {
 constexpr bool succeeded(OXAResult result) { return result >= 0; }
 constexpr bool failed(OXAResult result) { return result < 0; }
 
-// Returns the name of a code, such as "E_NOTFOUND", or null for a value without one.
+// Returns the name of a code, such as "E_NOTFOUND", or null for a value without one: print
+// result_text instead, which is never null.
 constexpr const char* result_name(OXAResult result) {
   switch (result) {
     case S_OK:
       return "S_OK";
     case S_FALSE:
       return "S_FALSE";
+    case S_ALREADYEXISTS:
+      return "S_ALREADYEXISTS";
     case E_INVALIDARG:
       return "E_INVALIDARG";
     case E_POINTER:
@@ -54,6 +57,8 @@ constexpr const char* result_text(OXAResult result) {
   switch (result) {
     case S_FALSE:
       return "success, nothing to give";
+    case S_ALREADYEXISTS:
+      return "success, there already";
     case E_INVALIDARG:
       return "invalid argument";
     case E_POINTER:

@@ -52,8 +52,11 @@ constexpr bool is_utf8(std::string_view text) {
   return true;
 }
 
-// Appends a code point.
+// Appends a code point; anything else is dropped.
 inline void append_utf8(std::string& text, char32_t code) {
+  if (!is_code_point(code)) {
+    return;
+  }
   const auto tail = [&](int shift) {
     text += static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
   };
@@ -74,7 +77,9 @@ inline void append_utf8(std::string& text, char32_t code) {
   }
 }
 
-// Returns UTF-8 as a wide string, as the library takes paths; what is malformed is dropped.
+// Returns UTF-8 as a wide string, as the library takes paths. Malformed bytes are dropped one by
+// one; the directory scanner, which gives names for what it finds, drops a sequence with the byte
+// that breaks it.
 inline std::wstring widen(std::string_view text) {
   std::wstring wide;
   for (std::size_t position = 0; position < text.size();) {
@@ -91,9 +96,7 @@ inline std::wstring widen(std::string_view text) {
 inline std::string narrow(std::wstring_view wide) {
   std::string text;
   for (const wchar_t code : wide) {
-    if (is_code_point(static_cast<char32_t>(code))) {
-      append_utf8(text, static_cast<char32_t>(code));
-    }
+    append_utf8(text, static_cast<char32_t>(code));
   }
   return text;
 }
