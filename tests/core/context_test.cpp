@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 #include <oxa/oxa.h>
 
+#include <functional>
+#include <stdexcept>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "support/allocations.h"
@@ -91,6 +94,14 @@ TEST_F(ContextTest, TheIdsPaddingIsNotCompared) {
   EXPECT_EQ(thing->CheckReference(), 2);
 }
 
+TEST_F(ContextTest, AddingItsOwnServiceAgainKeepsIt) {
+  IOXAReference* thing = oxa::make<Thing>().detach();
+  context_->AddToContext(mine_, thing);
+  thing->ReleaseReference();
+  context_->AddToContext(mine_, thing);
+  EXPECT_EQ(thing->CheckReference(), 1);
+}
+
 // Tells when it ends, by its name.
 class Mortal final : public OXAReference {
  public:
@@ -114,6 +125,77 @@ TEST_F(ContextTest, ReleasesServicesInTheOrderInWhichTheirIdsCame) {
   EXPECT_EQ(deaths, (std::vector<int>{2}));
   context_.reset();
   EXPECT_EQ(deaths, (std::vector<int>{2, 1, 4, 3}));
+}
+
+// Does something when it ends.
+class Caller final : public OXAReference {
+ public:
+  explicit Caller(std::function<void()> at_end) : at_end_(std::move(at_end)) { AddReference(); }
+  ~Caller() override { at_end_(); }
+
+ private:
+  std::function<void()> at_end_;
+};
+
+// A context that ended used to hand out the services that it had released.
+TEST_F(ContextTest, WhileItEndsOnlyWhatItStillHoldsIsFound) {
+  IOXAContext* context = context_.get();
+  const _GUID later{99, 0, 0, {}};
+  OXAResult of_released = S_OK;
+  OXAResult of_held = E_FAIL;
+  const auto ask = [&] {
+    void* out = this;
+    of_released = context->GetInterface(IID_IOXADebugMessage, &out);
+    EXPECT_EQ(out, nullptr);
+    of_held = context->GetInterface(later, &out);
+    static_cast<IOXAReference*>(out)->ReleaseReference();
+  };
+  context->AddToContext(mine_, oxa::make<Caller>(ask).get());
+  context->AddToContext(later, oxa::make<Thing>().get());
+  context_.reset();
+  EXPECT_EQ(of_released, E_NOTFOUND);
+  EXPECT_EQ(of_held, S_OK);
+}
+
+// Services added by one that ended used to be lost, or the end to read freed memory.
+TEST_F(ContextTest, WhatIsAddedWhileItEndsIsReleasedToo) {
+  IOXAContext* context = context_.get();
+  std::vector<int> deaths;
+  const auto add = [&] {
+    for (unsigned long id = 0; id < 100; ++id) {
+      context->AddToContext({id, 0, 0, {}}, oxa::make<Mortal>(1, deaths).get());
+    }
+    context->AddToContext(IID_IOXADebugMessage, oxa::make<Mortal>(2, deaths).get());
+  };
+  context->AddToContext(mine_, oxa::make<Caller>(add).get());
+  context_.reset();
+  EXPECT_EQ(deaths.size(), 101U);
+  EXPECT_EQ(deaths.back(), 2);
+}
+
+// Throws whenever it is referenced or released.
+class Thrower final : public IOXAReference {
+ public:
+  std::int64_t AddReference() override {
+    if (throws) {
+      throw std::runtime_error("referenced");
+    }
+    return 1;
+  }
+  std::int64_t ReleaseReference() override { throw std::runtime_error("released"); }
+  std::int64_t CheckReference() override { return 1; }
+
+  bool throws = false;
+};
+
+TEST_F(ContextTest, NoExceptionOfAServicePasses) {
+  Thrower thrower;
+  EXPECT_EQ(context_->AddToContext(mine_, &thrower), S_FALSE);
+  thrower.throws = true;
+  void* out = this;
+  EXPECT_EQ(context_->GetInterface(mine_, &out), E_UNEXPECTED);
+  EXPECT_EQ(out, nullptr);
+  context_.reset();
 }
 
 TEST_F(ContextTest, KeepsTenThousandServicesApart) {

@@ -46,6 +46,25 @@ TEST_F(OXADefaultIOMessageTest, AnErrorFlushesEvenWithoutFormat) {
   EXPECT_EQ(capture.text(), "pending");
 }
 
+TEST_F(OXADefaultIOMessageTest, AnErrorIsFlushed) {
+  oxa_test::StreamCapture capture(stderr);
+  char buffer[64];
+  std::setvbuf(stderr, buffer, _IOFBF, sizeof buffer);
+  sink_->EmitError("x");
+  EXPECT_EQ(__fpending(stderr), 0U);
+  std::setvbuf(stderr, nullptr, _IONBF, 0);
+}
+
+TEST_F(OXADefaultIOMessageTest, ANegativeThresholdIsNotAboveZero) {
+  sink_->SetDefaultWarningLevel(-1);
+  sink_->SetDefaultMessageLevel(-1);
+  EXPECT_EQ(written_by([&] {
+              sink_->EmitMessage("x");
+              sink_->EmitWarning("x");
+            }).out,
+            "");
+}
+
 TEST_F(OXADefaultIOMessageTest, AFreshSinkKeepsQuietWithoutALevel) {
   const auto written = written_by([&] {
     sink_->EmitMessage("x");

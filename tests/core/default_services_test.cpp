@@ -86,7 +86,7 @@ TEST(DefaultServicesTest, AFailedAllocationStopsInSilence) {
       result = OXACreateContext(IID_IOXAContext, &out);
     });
     EXPECT_EQ(result, E_OUTOFMEMORY);
-    EXPECT_EQ(written.out, "");
+    EXPECT_EQ(written.err, "");
   }
 }
 

@@ -11,6 +11,10 @@ TEST(StrlenSafeTest, CountsUpToTheTerminator) {
   EXPECT_EQ(strlen_safe("sixsix"), 6);
 }
 
+TEST(StrlenSafeTest, CountsBeyondSixteenBits) {
+  EXPECT_EQ(strlen_safe(std::string(70000, 'x').c_str()), 70000);
+}
+
 TEST(StrnlenSafeTest, IsBoundByItsMaximum) {
   EXPECT_EQ(strnlen_safe("sixsix", 3), 3U);
   EXPECT_EQ(strnlen_safe("sixsix", 6), 6U);
