@@ -21,6 +21,7 @@ install(FILES
   ${PROJECT_BINARY_DIR}/oxa_common-config.cmake
   ${PROJECT_BINARY_DIR}/oxa_common-config-version.cmake
   ${CMAKE_CURRENT_LIST_DIR}/oxa_plugin.cmake
+  ${CMAKE_CURRENT_LIST_DIR}/oxa_plugin.map
   DESTINATION ${OXA_PACKAGE_DIRECTORY} COMPONENT Development)
 
 file(RELATIVE_PATH OXA_PREFIX_FROM_PC
@@ -29,3 +30,8 @@ string(REGEX REPLACE "/$" "" OXA_PREFIX_FROM_PC ${OXA_PREFIX_FROM_PC})
 configure_file(${CMAKE_CURRENT_LIST_DIR}/oxa_common.pc.in ${PROJECT_BINARY_DIR}/oxa_common.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/oxa_common.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT Development)
+
+install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+  DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Development)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs
+  DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Development)

@@ -142,14 +142,17 @@ OXAResult OXAPluginLoader::publish(_plugin& plugin) {
   return plugins_.try_emplace(plugin.path, plugin).second ? S_OK : S_ALREADYEXISTS;
 }
 
-// Numbers and files what the plug-in offers.
+// Numbers and files what the plug-in offers. A range would hold a reference to the list, and end
+// the process if that throws when it is released.
 OXAResult OXAPluginLoader::file_interfaces(_plugin& plugin, IOXAInterfaceEnum& offered) {
-  for (const oxa::InterfaceEntry& entry : oxa::entries(offered)) {
-    const auto number = static_cast<std::int32_t>(numbers_.number(entry.iid));
-    plugin.interfaces.push_back({number, entry.iid, entry.object});
+  _GUID iid{};
+  void* object = nullptr;
+  for (OXAResult given = offered.GetFirst(iid, &object); given == S_OK;
+       given = offered.GetNext(iid, &object)) {
+    const auto number = static_cast<std::int32_t>(numbers_.number(iid));
+    plugin.interfaces.push_back({number, iid, object});
     // Only want of memory stops the load: a pair without an object is refused and passed over.
-    if (registry_->RegisterInterface(namespace_for(entry.iid), entry.iid, entry.object) ==
-        E_OUTOFMEMORY) {
+    if (registry_->RegisterInterface(namespace_for(iid), iid, object) == E_OUTOFMEMORY) {
       plugin.interfaces.pop_back();
       return E_OUTOFMEMORY;
     }
@@ -237,6 +240,10 @@ OXAResult OXAPluginLoader::Unload(const wchar_t* path) {
 OXAResult OXAPluginLoader::UnloadAll() {
   const OXAResult result = oxa::guard([&] {
     for (auto record = plugins_.begin(); record != plugins_.end();) {
+      if (record->second.handle == nullptr) {
+        ++record;
+        continue;
+      }
       _plugin plugin = std::exchange(record->second, {});
       unload_plugin(plugin);
       record = plugins_.upper_bound(plugin.path);

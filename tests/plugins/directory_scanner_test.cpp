@@ -98,6 +98,17 @@ TEST(DirectoryScannerTest, EachEntryComesOnce) {
   EXPECT_EQ(std::distance(range.begin(), range.end()), 5);
 }
 
+TEST(DirectoryScannerTest, NamesComeInTheOrderOfTheFolder) {
+  const Scanning scanning({"d", "a", "f", "c", "b", "g", "e"});
+  scanning.scan("*");
+  std::vector<std::wstring> expected;
+  for (const std::string& name : scanning.folder.names()) {
+    expected.push_back(wide(name));
+  }
+  const auto range = oxa::names(*scanning.scanner);
+  EXPECT_EQ(std::vector<std::wstring>(range.begin(), range.end()), expected);
+}
+
 TEST(DirectoryScannerTest, HasNoResultsAtFirst) {
   const Scanning scanning;
   wchar_t text[] = L"x";

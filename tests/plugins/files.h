@@ -1,6 +1,7 @@
 // Files and folders for plug-ins to be found in.
 #pragma once
 
+#include <dirent.h>
 #include <dlfcn.h>
 #include <unistd.h>
 
@@ -9,6 +10,7 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace oxa_test {
 
@@ -40,6 +42,17 @@ class TemporaryFolder {
   const std::filesystem::path& path() const { return path_; }
   std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
 
+  // Lists what is in here, in the order in which the system lists it.
+  std::vector<std::string> names() const {
+    std::vector<std::string> found;
+    DIR* directory = opendir(path_.c_str());
+    while (const dirent* entry = readdir(directory)) {
+      found.emplace_back(entry->d_name);
+    }
+    closedir(directory);
+    return found;
+  }
+
   // Makes a file with the given content and returns its path.
   std::filesystem::path write(const std::string& name, const std::string& content) const {
     std::ofstream(path_ / name, std::ios::binary) << content;
@@ -63,6 +76,13 @@ inline bool is_open(const std::filesystem::path& path) {
     dlclose(handle);
   }
   return handle != nullptr;
+}
+
+// Closes a shared object that the loader has left open.
+inline void close_for_good(const std::filesystem::path& path) {
+  void* handle = dlopen(path.c_str(), RTLD_LAZY | RTLD_NOLOAD);
+  dlclose(handle);
+  dlclose(handle);
 }
 
 }  // namespace oxa_test

@@ -44,6 +44,23 @@ TEST(PluginLoaderTest, APluginThatFailsDoesNotStopTheOthers) {
                    "message 0: " + good + " loaded..."}));
 }
 
+TEST(PluginLoaderTest, LoadAllGoesInTheOrderOfTheFolder) {
+  const TemporaryFolder folder;
+  for (const char* name : {"d.so", "a.so", "f.so", "c.so", "b.so", "g.so", "e.so"}) {
+    folder.write(name, "no plug-in");
+  }
+  Lines expected;
+  for (const std::string& name : folder.names()) {
+    if (name.front() != '.') {
+      expected.push_back("error: " + (folder / name).string() + " failed...");
+    }
+  }
+  RecordingHost host;
+  host.loader->LoadAll(wide(folder.path()).c_str());
+  drop_reference_of_load_all(host.sink.get());
+  EXPECT_EQ(host.sink->lines, expected);
+}
+
 TEST(PluginLoaderTest, AMissingFolderIsNoFailureAndNotReported) {
   const TemporaryFolder folder;
   RecordingHost host;

@@ -40,6 +40,25 @@ class WorkingFolderGuard {
   std::filesystem::path previous_;
 };
 
+// A sink that asks, when it is told of an error, whether a shared object is open.
+class AskingSink final : public oxa::Implements<IOXADebugMessage> {
+ public:
+  explicit AskingSink(std::filesystem::path path) : path_(std::move(path)) {}
+  void EmitError(const char*, ...) override { open.push_back(is_open(path_)); }
+  void EmitMessage(const char*, ...) override {}
+  void EmitWarning(const char*, ...) override {}
+  void Clear() override {}
+  void SetDefaultWarningLevel(int) override {}
+  void SetDefaultMessageLevel(int) override {}
+  void EmitMessage(int, const char*, ...) override {}
+  void EmitWarning(int, const char*, ...) override {}
+
+  std::vector<bool> open;
+
+ private:
+  std::filesystem::path path_;
+};
+
 // Returns what a context's own sink writes when a plug-in is loaded.
 Written written_by_loading(const std::wstring& path) {
   Host host;
@@ -150,5 +169,22 @@ TEST(PluginLoaderTest, AnAlreadyLoadedPluginIsReportedAsLoadedAtLevelZero) {
   drop_reference_of_load_all(host.sink.get());
   EXPECT_EQ(host.sink->lines, Lines{"message 0: " + path + " loaded..."});
 }
+
+class RefusalReportTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(RefusalReportTest, IsMadeWhileTheSharedObjectIsStillOpen) {
+  const auto sink = oxa::make<AskingSink>(miniature(GetParam()));
+  const auto context = oxa::make<FakeContext>();
+  context->AddToContext(IID_IOXADebugMessage, sink.get());
+  context->AddToContext(IID_IOXAInterfaceManager, Host().registry.get());
+  oxa::Ref<IOXAPluginLoader> loader;
+  OXACreatePluginLoader(context.get(), oxa::adopt_into(loader));
+  EXPECT_EQ(loader->Load(wide(miniature(GetParam())).c_str()), E_INVALIDARG);
+  EXPECT_EQ(sink->open, std::vector<bool>{true});
+  EXPECT_FALSE(is_open(miniature(GetParam())));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, RefusalReportTest, testing::Values("no_entry_point", "entry_fails"),
+                         [](const auto& instance) { return std::string(instance.param); });
 
 }  // namespace

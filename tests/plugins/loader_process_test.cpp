@@ -32,6 +32,44 @@ struct Preparation {
   oxa::Ref<IOXAPluginLoader> loader;
 };
 
+// A context that answers as the test says and remembers what it was asked for.
+class AskedContext final : public oxa::Implements<IOXAContext> {
+ public:
+  explicit AskedContext(std::function<OXAResult(const _GUID&, void**)> answer)
+      : answer_(std::move(answer)) {}
+
+  OXAResult GetInterface(const _GUID& iid, void** out) override {
+    asked.push_back(iid);
+    *out = nullptr;
+    return answer_(iid, out);
+  }
+  OXAResult AddToContext(const _GUID&, void*) override { return S_FALSE; }
+
+  std::vector<_GUID> asked;
+
+ private:
+  std::function<OXAResult(const _GUID&, void**)> answer_;
+};
+
+// A registry that tells when it is released, and keeps nothing.
+class WatchedRegistry final : public oxa::Implements<IOXAInterfaceManager> {
+ public:
+  std::int64_t ReleaseReference() override {
+    if (on_release) {
+      on_release();
+    }
+    return Implements::ReleaseReference();
+  }
+  OXAResult GetInterfaceEnumByGUID(const _GUID&, IOXAInterfaceEnum**) override { return E_FAIL; }
+  OXAResult GetInterfaceEnumByNamespace(const char*, IOXAInterfaceEnum**) override {
+    return E_FAIL;
+  }
+  OXAResult RegisterInterface(const char*, const _GUID&, void*) override { return S_OK; }
+  OXAResult UnRegisterInterface(const char*, const _GUID&, void*) override { return S_OK; }
+
+  std::function<void()> on_release;
+};
+
 TEST(CreatePluginLoaderTest, ANullOutputIsRefusedBeforeAnythingElse) {
   const auto context = oxa::make<FakeContext>();
   EXPECT_EQ(OXACreatePluginLoader(context.get(), nullptr), E_INVALIDARG);
@@ -88,6 +126,26 @@ TEST(CreatePluginLoaderTest, AContextWithoutARegistryGetsNoLoader) {
   EXPECT_EQ(out, nullptr);
   EXPECT_EQ(made.sink->CheckReference(), 2);
   EXPECT_TRUE(made.context->added.empty());
+}
+
+TEST(CreatePluginLoaderTest, TheSinkIsAskedForBeforeTheRegistry) {
+  const auto context = oxa::make<AskedContext>([](const _GUID& iid, void**) {
+    return iid == IID_IOXADebugMessage ? E_HANDLE : E_BADENVIRONMENT;
+  });
+  oxa::Ref<IOXAPluginLoader> loader;
+  EXPECT_EQ(OXACreatePluginLoader(context.get(), oxa::adopt_into(loader)), E_HANDLE);
+  EXPECT_EQ(context->asked, std::vector<_GUID>{IID_IOXADebugMessage});
+}
+
+// A loader without a registry used to end the process with its first plug-in.
+TEST(CreatePluginLoaderTest, ALoaderWithoutARegistryLoadsNothing) {
+  const auto context = oxa::make<AskedContext>([](const _GUID&, void**) { return S_OK; });
+  oxa::Ref<IOXAPluginLoader> loader;
+  EXPECT_EQ(OXACreatePluginLoader(context.get(), oxa::adopt_into(loader)), S_FALSE);
+  ASSERT_TRUE(loader);
+  EXPECT_EQ(loader->Load(wide(miniature("good")).c_str()), E_UNEXPECTED);
+  EXPECT_EQ(loader->LoadAll(wide(miniature("good").parent_path()).c_str()), E_UNEXPECTED);
+  EXPECT_FALSE(is_open(miniature("good")));
 }
 
 TEST(CreatePluginLoaderTest, AFailedAttemptDoesNotStandInTheWayOfTheNext) {
@@ -191,6 +249,21 @@ TEST(PluginLoaderTest, TheLoaderLetsGoOfItsServicesBeforeItEndsThePlugins) {
   };
   host.loader.reset();
   EXPECT_EQ(host.journal->lines, (Lines{"good begins", "good ends"}));
+}
+
+TEST(PluginLoaderTest, TheLoaderLetsGoOfTheRegistryBeforeTheSink) {
+  Preparation made;
+  const auto registry = oxa::make<WatchedRegistry>();
+  made.context->AddToContext(IID_IOXAInterfaceManager, registry.get());
+  OXACreatePluginLoader(made.context.get(), oxa::adopt_into(made.loader));
+  made.context->services.erase(oxa::to_string(IID_IOXAPluginLoader));
+  std::vector<std::int64_t> of_sink;
+  registry->on_release = [&] { of_sink.push_back(made.sink->CheckReference()); };
+  const std::int64_t before = made.sink->CheckReference();
+  made.loader.reset();
+  registry->on_release = nullptr;
+  EXPECT_EQ(of_sink, std::vector<std::int64_t>{before});
+  EXPECT_EQ(made.sink->CheckReference(), before - 1);
 }
 
 }  // namespace

@@ -182,4 +182,16 @@ TEST(PluginLoaderTest, AnObjectThatThrowsAtItsEndIsRefusedAllTheSame) {
   EXPECT_EQ(host.loader->Load(wide(miniature("throws_at_its_end")).c_str()), E_NOINTERFACE);
 }
 
+// An enumerator that threw when it was released used to end the process.
+TEST(PluginLoaderTest, AListThatThrowsAtItsEndIsRefusedAndLeavesNothing) {
+  Host host;
+  const auto path = miniature("list_throws_at_its_end");
+  EXPECT_EQ(host.loader->Load(wide(path).c_str()), E_UNEXPECTED);
+  EXPECT_EQ(host.journal->lines, Lines{"object ends"});
+  EXPECT_EQ(entry_count(host.registry), 0);
+  EXPECT_FALSE(is_open(path));
+  EXPECT_EQ(host.loader->Unload(wide(path).c_str()), E_NOTFOUND);
+  EXPECT_EQ(host.loader->Load(wide(miniature("good")).c_str()), S_OK);
+}
+
 }  // namespace

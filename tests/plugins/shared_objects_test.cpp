@@ -1,6 +1,8 @@
 // The exported primitives over the system's dynamic loader.
 #include <gtest/gtest.h>
 #include <link.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "plugins/files.h"
 
@@ -36,6 +38,23 @@ TEST(SharedObjectTest, WhatCannotBeOpenedGivesNull) {
   EXPECT_EQ(LoadPlugin("not-in-the-search-path.so"), nullptr);
   EXPECT_EQ(LoadPlugin(""), LoadPlugin(nullptr));  // the program itself
   EXPECT_EQ(LoadPluginW(L"/not/there.so"), nullptr);
+}
+
+// What a static constructor threw used to pass through to the caller, and left the system's loader
+// locked. Runs in a child: the end of the process is the behaviour.
+TEST(SharedObjectTest, AnObjectWhoseStaticConstructorThrowsEndsTheProcess) {
+  const pid_t child = fork();
+  if (child == 0) {
+    close(STDERR_FILENO);
+    try {
+      LoadPlugin(miniature("throws_on_load").c_str());
+    } catch (...) {
+    }
+    _exit(0);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_FALSE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
 }
 
 TEST(SharedObjectTest, ANameWithoutASlashIsSearchedFor) {
