@@ -134,8 +134,8 @@ TEST_F(AlgorithmsTest, StopsWhenAskedAndKeepsTheColumnAsItWas) {
 }
 
 TEST_F(AlgorithmsTest, AllRefuseANullGraph) {
-  for (IGraphAlgorithm* algorithm : plugins->all<IGraphAlgorithm>()) {
-    EXPECT_EQ(algorithm->Run(nullptr, nullptr), E_INVALIDARG);
+  for (const Offered* algorithm : plugins->all<IGraphAlgorithm>()) {
+    EXPECT_EQ(algorithm->as<IGraphAlgorithm>().Run(nullptr, nullptr), E_INVALIDARG);
   }
 }
 

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# cli_test.sh CASE PROGRAM PLUGINS DATA: runs one case of oxa-graph's command line.
+# cli_test.sh CASE PROGRAM PLUGINS DATA TESTS: runs one case of oxa-graph's command line. Below TESTS
+# are folders of careless plug-ins.
 set -u
-case_name=$1 program=$2 plugins=$3 data=$4
+case_name=$1 program=$2 plugins=$3 data=$4 tests=$5
 work=$(mktemp -d)
 trap 'chmod -R u+rwx "$work"; rm -rf "$work"' EXIT
 cd "$work" || exit 1
@@ -34,6 +35,16 @@ only_files() {
   found=$(find . -mindepth 1 ! -name out ! -name err ! -name small.txt | sort | tr '\n' ' ')
   [ "$found" = "$1" ] || fail "files: $found, expected: $1"
 }
+
+# add_plugins FOLDER: has the program run with the plug-ins of a folder below TESTS as well.
+add_plugins() {
+  mkdir mixed
+  cp "$plugins"/*.so "$tests/$1"/*.so mixed
+  plugins=mixed
+}
+
+# Expects that nothing was computed before the program gave up.
+computed_nothing() { ! grep -q computing err || fail "computed in vain"; }
 
 # Has the program run without the right to open any file, which root has.
 as_anybody() {
@@ -110,6 +121,15 @@ usage_errors() {
   only_files ""
 }
 
+short_forms() {
+  "$program" -h > out 2> err || fail "exit code $?"
+  shows "-h, --help"
+  "$program" --plugins "$plugins" -q small.txt a.svg > out 2> err || fail "exit code $?"
+  [ ! -s out ] && [ ! -s err ] || fail "not silent"
+  graph 2 -x
+  says 'there is no option "-x"; see oxa-graph --help'
+}
+
 unknown_names() {
   local known="betweenness, closeness, community, component, degree, eigenvector, pagerank, strength"
   graph 2 --algorithms degree,pagernk small.txt a.svg
@@ -118,9 +138,19 @@ unknown_names() {
   says "there is no algorithm \"xyzzy\"; use one of $known"
   graph 2 --layout round small.txt a.svg
   says 'there is no layout "round"; use one of circle, force'
-  graph 1 --size-by community small.txt a.svg
-  says 'cannot write "a.svg": sizes cannot show "community", whose values are no quantities; size by a measure'
   only_files ""
+}
+
+unfit_columns() {
+  "$program" --plugins "$plugins" --size-by community small.txt a.svg > out 2> err
+  [ $? -eq 2 ] || fail "exit code"
+  shows 'oxa-graph: the option --size-by cannot show "community", whose values are no quantities; name an algorithm that measures' err
+  [ "$(grep -c computing err)" -eq 1 ] || fail "computed in vain"
+  only_files ""
+  add_plugins graph_careless_work
+  graph 2 --color-by place small.txt a.svg
+  says 'the option --color-by cannot show "place", whose values are neither quantities nor groups; name another algorithm'
+  only_files "$(find mixed | sed 's,^,./,' | sort | tr '\n' ' ')"
 }
 
 missing_input() {
@@ -157,9 +187,26 @@ unknown_extensions() {
   says 'cannot write "picture": its name has no extension; use a name that ends in .svg'
 }
 
+extensions_in_any_case() {
+  cp small.txt small.TXT
+  graph 0 small.TXT a.SVG
+  shows "</svg>" a.SVG
+}
+
 output_folder_missing() {
   graph 1 small.txt none/a.svg
   says 'cannot write "none/a.svg": No such file or directory; check the path'
+  "$program" --plugins "$plugins" small.txt none/a.svg > out 2> err
+  computed_nothing
+}
+
+output_folder_read_only() {
+  as_anybody
+  mkdir locked
+  chmod 555 locked
+  ${runner-} "$program" --plugins "$plugins" small.txt locked/a.svg > out 2> err
+  [ $? -eq 1 ] || fail "exit code"
+  says 'cannot write "locked/a.svg": Permission denied; check its permissions'
 }
 
 output_is_a_folder() {
@@ -185,8 +232,54 @@ broken_plugins() {
   echo "not a shared object" > mixed/broken.so
   plugins=mixed
   graph 0 small.txt a.svg
-  says 'skipped the plug-in "mixed/broken.so": operating system or plug-in step failed; remove or rebuild the file'
+  says 'skipped the plug-in "mixed/broken.so": it is no complete shared object, or fails as it is opened; remove or rebuild the file'
   shows "</svg>" a.svg
+}
+
+plugins_that_cannot_be_opened() {
+  mkdir mixed
+  cp "$plugins"/*.so mixed
+  ln -s nowhere mixed/dangling.so
+  plugins=mixed
+  graph 0 small.txt a.svg
+  says 'skipped the plug-in "mixed/dangling.so": cannot open shared object file: No such file or directory; remove or rebuild the file'
+}
+
+careless_texts() {
+  add_plugins graph_careless_texts
+  graph 0 small.txt a.svg
+  shows "</svg>" a.svg
+  says 'skipped the plug-in "mixed/careless_endless.so": GetExtensions of its writer returns null; remove the file or ask its author
+oxa-graph: skipped the plug-in "mixed/careless_nameless.so": GetName of its algorithm returns null; remove the file or ask its author
+oxa-graph: skipped the plug-in "mixed/careless_shouting.so": GetName of its reader lets an exception out ("no name today"); remove the file or ask its author
+oxa-graph: skipped the plug-in "mixed/careless_undescribed.so": GetDescription of its layout returns null; remove the file or ask its author'
+  graph 0 --list
+  ! grep -q careless out || fail "a skipped plug-in is listed"
+}
+
+# careless WHAT SENTENCE ARGUMENT...: expects "cannot WHAT: the plug-in SENTENCE".
+careless() {
+  local sentence="cannot $1: the plug-in \"Careless work 1.0\" in careless_work.so $2; ask its author"
+  shift 2
+  graph 1 "$@"
+  says "$sentence"
+}
+
+careless_work() {
+  add_plugins graph_careless_work
+  echo old > a.svg
+  cp small.txt small.boom
+  careless "compute boom" 'lets an exception out ("boo")' --algorithms boom small.txt a.svg
+  careless "compute wordless" "lets an exception out" --algorithms wordless small.txt a.svg
+  careless "compute silent" 'gives no reason but "internal inconsistency"' --algorithms silent small.txt a.svg
+  careless "compute astronomic" 'gives no reason but "invalid argument"' --algorithms astronomic small.txt a.svg
+  careless "compute idle" 'reports success but makes no column "idle"' --algorithms idle small.txt a.svg
+  careless "make the layout boom" 'lets an exception out ("boo")' --layout boom small.txt a.svg
+  careless "make the layout flat" 'reports success but makes no column "y"' --layout flat small.txt a.svg
+  careless 'read "small.boom"' 'lets an exception out ("boo")' small.boom a.svg
+  careless 'write "a.boom"' 'lets an exception out ("boo")' small.txt a.boom
+  [ "$(cat a.svg)" = old ] || fail "the old file is gone"
+  [ ! -e a.boom ] || fail "a failed writer leaves a file"
 }
 
 full_device_keeps_nothing() {
@@ -207,7 +300,7 @@ full_disk_keeps_the_old_file() {
 
 failure_keeps_the_old_file() {
   echo old > a.svg
-  graph 1 --size-by community small.txt a.svg
+  graph 2 --size-by community small.txt a.svg
   [ "$(cat a.svg)" = old ] || fail "the old file is gone"
   only_files "./a.svg "
 }
@@ -267,6 +360,18 @@ odd_graphs() {
       ! grep -qiE '"-?(nan|inf)' $name.svg || fail "not a number in $name"
     done
   done
+}
+
+summary_of_small_graphs() {
+  : > empty.txt
+  "$program" --plugins "$plugins" empty.txt a.svg > out 2> err || fail "exit code $?"
+  shows "empty.txt: 0 nodes, 0 edges"
+  grep -qE '^community +no groups$' out || fail "groups of no nodes"
+  grep -qE '^degree +no values$' out || fail "values of no nodes"
+  echo 'a a' > one.txt
+  "$program" --plugins "$plugins" one.txt a.svg > out 2> err || fail "exit code $?"
+  shows "one.txt: 1 node, 1 edge"
+  grep -qE '^community +1 group of 1 node$' out || fail "groups of one node"
 }
 
 "$case_name"

@@ -73,9 +73,9 @@ class GraphTest : public testing::Test {
 
   template <class Interface>
   Interface& named(const std::string& name) {
-    for (Interface* object : plugins->all<Interface>()) {
-      if (object->GetName() == name) {
-        return *object;
+    for (const Offered* entry : plugins->all<Interface>()) {
+      if (entry->name == name) {
+        return entry->as<Interface>();
       }
     }
     throw std::runtime_error("no plug-in offers " + name);

@@ -39,14 +39,14 @@ TEST(GraphStoreTest, AColumnIsReplacedInItsPlace) {
   std::uint64_t node = 0;
   graph->AddNode("a", &node);
   const double one = 1;
-  const double two = 2;
+  const double none = 0;
   EXPECT_EQ(graph->SetColumn("c", GraphColumnKind::measure, &one, 1), S_OK);
-  EXPECT_EQ(graph->SetColumn("c", GraphColumnKind::category, &two, 1), S_OK);
+  EXPECT_EQ(graph->SetColumn("c", GraphColumnKind::category, &none, 1), S_OK);
   GraphColumnKind kind{};
   const double* values = nullptr;
   EXPECT_EQ(graph->GetColumn("c", &kind, &values), S_OK);
   EXPECT_EQ(kind, GraphColumnKind::category);
-  EXPECT_EQ(values[0], 2);
+  EXPECT_EQ(values[0], 0);
   EXPECT_STREQ(graph->GetColumnName(0), "c");
   EXPECT_EQ(graph->GetColumnName(1), nullptr);
 }
@@ -59,6 +59,21 @@ TEST(GraphStoreTest, AColumnNeedsAValuePerNode) {
   GraphColumnKind kind{};
   const double* values = nullptr;
   EXPECT_EQ(graph->GetColumn("d", &kind, &values), E_NOTFOUND);
+}
+
+// A class number far beyond the number of nodes once made the summary ask for as many groups.
+TEST(GraphStoreTest, ACategoryIsTheNumberOfAClass) {
+  const oxa::Ref<IGraph> graph = make_graph();
+  std::uint64_t node = 0;
+  graph->AddNode("a", &node);
+  graph->AddNode("b", &node);
+  for (const double wrong : {2.0, 1e18, -1.0, 0.5, std::numeric_limits<double>::infinity()}) {
+    const double values[] = {0, wrong};
+    EXPECT_EQ(graph->SetColumn("c", GraphColumnKind::category, values, 2), E_INVALIDARG) << wrong;
+    EXPECT_EQ(graph->GetColumnName(0), nullptr);
+  }
+  const double values[] = {std::numeric_limits<double>::quiet_NaN(), 1};
+  EXPECT_EQ(graph->SetColumn("c", GraphColumnKind::category, values, 2), S_OK);
 }
 
 TEST(GraphStoreTest, ANewNodeHasNoValueInExistingColumns) {

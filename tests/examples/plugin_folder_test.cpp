@@ -53,6 +53,19 @@ TEST(PluginFolderTest, APluginThatOffersNothingIsSkippedAndLeavesNoEntry) {
   EXPECT_TRUE(plugins.offered().empty());
 }
 
+// Texts that are null once ended the program when it looked for a name.
+TEST(PluginFolderTest, PluginsWithoutTextsAreSkippedAndUnloaded) {
+  oxa::Ref<IOXAContext> context;
+  OXACreateContext(IID_IOXAContext, oxa::adopt_into(context));
+  PluginFolder plugins(context.get());
+  oxa_test::StreamCapture errors(stderr);
+  EXPECT_THROW(plugins.load(OXA_GRAPH_CARELESS_PLUGINS), Problem);
+  EXPECT_EQ(registered_plugins(context.get()), 0U);
+  EXPECT_TRUE(plugins.offered().empty());
+  const auto loader = oxa::service<IOXAPluginLoader>(context.get());
+  EXPECT_EQ(loader->Unload(L"" OXA_GRAPH_CARELESS_PLUGINS "/careless_nameless.so"), E_NOTFOUND);
+}
+
 TEST(PluginFolderTest, AFolderThatCannotBeReadIsAProblem) {
   oxa::Ref<IOXAContext> context;
   OXACreateContext(IID_IOXAContext, oxa::adopt_into(context));

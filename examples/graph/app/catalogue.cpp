@@ -21,30 +21,9 @@ std::string interface_name(const _GUID& iid) {
 }
 
 template <class Interface>
-std::string name_of(const Offered& entry) {
-  const char* name = static_cast<Interface*>(entry.object)->GetName();
-  return name != nullptr ? name : "-";
-}
-
-std::string object_name(const Offered& entry) {
-  if (entry.iid == IID_IOXAFileReader) return name_of<IGraphReader>(entry);
-  if (entry.iid == IID_IOXAFileWriter) return name_of<IGraphWriter>(entry);
-  if (entry.iid == IID_IOXAAlgorithm) return name_of<IGraphAlgorithm>(entry);
-  if (entry.iid == IID_IOXALayout) return name_of<IGraphLayout>(entry);
-  return "-";
-}
-
-template <class Interface>
-void add_described(Rows& rows, const char* what, const PluginFolder& plugins) {
-  for (Interface* object : plugins.all<Interface>()) {
-    rows.push_back({what, object->GetName(), object->GetDescription()});
-  }
-}
-
-template <class Interface>
-void add_formats(Rows& rows, const char* what, const PluginFolder& plugins) {
-  for (Interface* object : plugins.all<Interface>()) {
-    rows.push_back({what, object->GetName(), object->GetExtensions()});
+void add_choices(Rows& rows, const char* what, const PluginFolder& plugins) {
+  for (const Offered* entry : plugins.all<Interface>()) {
+    rows.push_back({what, entry->name, entry->details});
   }
 }
 
@@ -53,8 +32,8 @@ void add_formats(Rows& rows, const char* what, const PluginFolder& plugins) {
 void print_catalogue(const PluginFolder& plugins) {
   Rows rows = {{"NAMESPACE", "INTERFACE", "NAME", "PLUG-IN", "FILE"}};
   for (const Offered& entry : plugins.offered()) {
-    rows.push_back({entry.name_space, interface_name(entry.iid), object_name(entry), entry.plugin,
-                    entry.file});
+    rows.push_back({entry.name_space, interface_name(entry.iid),
+                    entry.name.empty() ? "-" : entry.name, entry.plugin, entry.file});
   }
   print_table(rows);
   std::printf("\n");
@@ -62,9 +41,9 @@ void print_catalogue(const PluginFolder& plugins) {
 
 void print_choices(const PluginFolder& plugins) {
   Rows rows;
-  add_formats<IGraphReader>(rows, "reads", plugins);
-  add_described<IGraphAlgorithm>(rows, "computes", plugins);
-  add_described<IGraphLayout>(rows, "arranges", plugins);
-  add_formats<IGraphWriter>(rows, "writes", plugins);
+  add_choices<IGraphReader>(rows, "reads", plugins);
+  add_choices<IGraphAlgorithm>(rows, "computes", plugins);
+  add_choices<IGraphLayout>(rows, "arranges", plugins);
+  add_choices<IGraphWriter>(rows, "writes", plugins);
   print_table(rows);
 }

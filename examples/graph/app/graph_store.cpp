@@ -3,6 +3,7 @@
 #include <oxa/sdk/guard.h>
 #include <oxa/sdk/implements.h>
 
+#include <algorithm>
 #include <cmath>
 #include <deque>
 #include <limits>
@@ -16,6 +17,14 @@ namespace {
 constexpr double no_value = std::numeric_limits<double>::quiet_NaN();
 // A column of an empty graph has values to point to all the same.
 constexpr double nothing = 0;
+
+// Whether all values are numbers of classes, of which there are no more than nodes, or none.
+bool are_classes(const double* values, std::uint64_t count) {
+  return std::all_of(values, values + count, [&](double value) {
+    return std::isnan(value) ||
+           (value >= 0 && value < static_cast<double>(count) && value == std::floor(value));
+  });
+}
 
 class GraphStore final : public oxa::Implements<IGraph> {
  public:
@@ -102,6 +111,9 @@ OXAResult GraphStore::GetEdge(std::uint64_t edge, GraphEdge* out) {
 OXAResult GraphStore::SetColumn(const char* name, GraphColumnKind kind, const double* values,
                                 std::uint64_t count) {
   if (name == nullptr || count != labels_.size() || (values == nullptr && count > 0)) {
+    return E_INVALIDARG;
+  }
+  if (kind == GraphColumnKind::category && !are_classes(values, count)) {
     return E_INVALIDARG;
   }
   return oxa::guard([&] {

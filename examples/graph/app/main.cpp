@@ -36,8 +36,9 @@ void draw(const PluginFolder& plugins, const Options& options, IOXAProgressIndic
   const oxa::Ref<IGraph> graph = make_graph();
   draw_graph(selection, options, *graph, progress);
   if (!options.quiet) {
-    std::printf("%s: %lu nodes, %lu edges\n", options.input.c_str(), graph->GetNodeCount(),
-                graph->GetEdgeCount());
+    std::printf("%s: %s, %s\n", options.input.c_str(),
+                counted(graph->GetNodeCount(), "node").c_str(),
+                counted(graph->GetEdgeCount(), "edge").c_str());
     print_summary(*graph);
     std::printf("drawn to %s\n", options.output.c_str());
   }

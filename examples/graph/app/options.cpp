@@ -11,12 +11,12 @@ const char* const help_text =
 
 Reads the graph in the file INPUT, computes values for its nodes, lays it out
 and draws it to the file OUTPUT. Plug-ins do the work; the extensions of the
-two names choose the reader and the writer.
+two names, in small or capital letters, choose the reader and the writer.
 
   --algorithms NAME,...  what to compute; "none" for nothing
                          (default: pagerank,betweenness,degree,community)
   --layout NAME          how to arrange the nodes (default: force)
-  --size-by NAME         algorithm that node sizes show, or "none"
+  --size-by NAME         algorithm whose measure node sizes show, or "none"
                          (default: the first measure computed)
   --color-by NAME        algorithm that node colours show, or "none"
                          (default: the first grouping computed)
@@ -26,8 +26,8 @@ two names choose the reader and the writer.
   --plugins DIR          folder of plug-ins (default: the one that belongs to
                          this program)
   --list                 show what the plug-ins offer and end
-  --quiet                show errors only
-  --help                 show this text and end
+  -q, --quiet            show errors only
+  -h, --help             show this text and end
   --version              show the version and end
 
 An edge list has a line per edge: source, target and, if you like, a weight,
@@ -46,6 +46,7 @@ namespace {
 struct Flag {
   const char* name;
   bool Options::*target;
+  const char* short_name = nullptr;
 };
 
 struct Setting {
@@ -53,10 +54,10 @@ struct Setting {
   std::string Options::*target;
 };
 
-constexpr Flag flags[] = {{"--help", &Options::help},
+constexpr Flag flags[] = {{"--help", &Options::help, "-h"},
                           {"--version", &Options::version},
                           {"--list", &Options::list},
-                          {"--quiet", &Options::quiet}};
+                          {"--quiet", &Options::quiet, "-q"}};
 
 constexpr Setting settings[] = {
     {"--plugins", &Options::plugins}, {"--layout", &Options::layout},
@@ -104,7 +105,7 @@ class Parser {
     const std::size_t equals = argument.find('=');
     const std::string name = argument.substr(0, equals);
     for (const Flag& flag : flags) {
-      if (name == flag.name) {
+      if (name == flag.name || (flag.short_name != nullptr && name == flag.short_name)) {
         if (equals != std::string::npos) {
           misused("the option " + name + " takes no value; leave out " +
                   in_quotes(argument.substr(equals)));

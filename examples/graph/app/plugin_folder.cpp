@@ -1,5 +1,6 @@
 #include "plugin_folder.h"
 
+#include <dlfcn.h>
 #include <oxa/sdk/utf8.h>
 
 #include <algorithm>
@@ -34,21 +35,25 @@ std::vector<Offered> added(std::vector<Offered> before, const std::vector<Offere
   return fresh;
 }
 
-std::string plugin_title(const std::vector<Offered>& entries) {
-  for (const Offered& entry : entries) {
-    if (entry.iid == IID_IOXAPlugin) {
-      auto* plugin = static_cast<IOXAPlugin*>(entry.object);
-      const char* name = plugin->GetName();
-      const char* version = plugin->GetVersion();
-      return std::string(name != nullptr ? name : "unnamed") +
-             (version != nullptr ? std::string(" ") + version : std::string());
-    }
-  }
-  return "unnamed";
-}
-
 bool ends_with_so(std::wstring_view name) {
   return name.size() > 3 && name.substr(name.size() - 3) == L".so";
+}
+
+// Returns why `path` could not be opened just now. The system has nothing to say of a file that the
+// loader did not hand to it.
+std::string opening_error(const std::string& path) {
+  const char* reason = dlerror();
+  if (reason == nullptr) {
+    return "it is no complete shared object, or fails as it is opened";
+  }
+  const std::string beginning = path + ": ";
+  const std::string_view text = reason;
+  return std::string(text.substr(text.rfind(beginning, 0) == 0 ? beginning.size() : 0));
+}
+
+void report_skipped(const std::string& path, const std::string& why, const char* advice) {
+  std::fprintf(stderr, "oxa-graph: skipped the plug-in %s: %s; %s\n", in_quotes(path).c_str(),
+               why.c_str(), advice);
 }
 
 }  // namespace
@@ -63,9 +68,7 @@ PluginFolder::PluginFolder(IOXAContext* context)
 }
 
 PluginFolder::~PluginFolder() {
-  for (const Offered& entry : offered_) {
-    registry_->UnRegisterInterface(entry.name_space.c_str(), entry.iid, entry.object);
-  }
+  unregister(offered_);
   for (const std::wstring& path : paths_) {
     loader_->Unload(path.c_str());
   }
@@ -101,24 +104,35 @@ std::vector<std::wstring> PluginFolder::names_in(const std::string& folder) {
 // goes out again, unused.
 void PluginFolder::load_file(const std::string& folder, const std::wstring& name) {
   const std::wstring path = oxa::widen(folder) + L"/" + name;
+  const std::string shown_path = folder + "/" + oxa::narrow(name);
   const std::vector<Offered> before = registered();
+  dlerror();  // forgets earlier failures
   const OXAResult result = loader_->Load(path.c_str());
+  const std::string why = result == E_FAIL ? opening_error(shown_path) : oxa::result_text(result);
   std::vector<Offered> fresh = added(before, registered());
   if (oxa::failed(result)) {
-    for (const Offered& entry : fresh) {
-      registry_->UnRegisterInterface(entry.name_space.c_str(), entry.iid, entry.object);
-    }
-    std::fprintf(stderr,
-                 "oxa-graph: skipped the plug-in \"%s/%s\": %s; remove or rebuild the file\n",
-                 folder.c_str(), oxa::narrow(name).c_str(), oxa::result_text(result));
+    unregister(fresh);
+    report_skipped(shown_path, why, "remove or rebuild the file");
+    return;
+  }
+  try {
+    describe(fresh);
+  } catch (const BadPlugin& bad) {
+    unregister(fresh);
+    loader_->Unload(path.c_str());
+    report_skipped(shown_path, bad.what(), "remove the file or ask its author");
     return;
   }
   paths_.push_back(path);
-  const std::string title = plugin_title(fresh);
   for (Offered& entry : fresh) {
-    entry.plugin = title;
     entry.file = oxa::narrow(name);
     offered_.push_back(std::move(entry));
+  }
+}
+
+void PluginFolder::unregister(const std::vector<Offered>& entries) {
+  for (const Offered& entry : entries) {
+    registry_->UnRegisterInterface(entry.name_space.c_str(), entry.iid, entry.object);
   }
 }
 
@@ -130,7 +144,7 @@ std::vector<Offered> PluginFolder::registered() {
       continue;
     }
     for (const oxa::InterfaceEntry& entry : oxa::entries(*found)) {
-      entries.push_back({name_space, entry.iid, entry.object, {}, {}});
+      entries.push_back({name_space, entry.iid, entry.object, {}, {}, {}, {}});
     }
   }
   return entries;

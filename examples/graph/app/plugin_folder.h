@@ -6,15 +6,7 @@
 #include <string>
 #include <vector>
 
-// An entry of the interface registry, with where it came from.
-struct Offered {
-  std::string name_space;
-  _GUID iid{};
-  // Borrowed from the plug-in.
-  void* object = nullptr;
-  std::string plugin;
-  std::string file;
-};
+#include "offered.h"
 
 // Loads the plug-ins of a folder one by one. At its end it takes everything that they registered
 // out of the registry and unloads them: the loader leaves registrations behind, and the registry
@@ -26,21 +18,21 @@ class PluginFolder {
   PluginFolder(const PluginFolder&) = delete;
   PluginFolder& operator=(const PluginFolder&) = delete;
 
-  // Loads every file of `folder` whose name ends in ".so", in the order of names. Reports those
-  // that cannot be loaded on standard error. Throws Problem when the folder cannot be read or none
-  // loads.
+  // Loads every file of `folder` whose name ends in ".so", in the order of names. Skips
+  // those that cannot be loaded or break the contract, with a sentence on standard error. Throws
+  // Problem when the folder cannot be read or no plug-in is left.
   void load(const std::string& folder);
 
   const std::vector<Offered>& offered() const { return offered_; }
 
-  // Returns the objects registered under the id of `Interface`, of which the first offered under a
-  // name is the one in use.
+  // Returns what is registered under the id of `Interface`, of which the first offered under a name
+  // is the one in use. Valid until the next load.
   template <class Interface>
-  std::vector<Interface*> all() const {
-    std::vector<Interface*> found;
+  std::vector<const Offered*> all() const {
+    std::vector<const Offered*> found;
     for (const Offered& entry : offered_) {
       if (entry.iid == OXAInterfaceId<Interface>::value()) {
-        found.push_back(static_cast<Interface*>(entry.object));
+        found.push_back(&entry);
       }
     }
     return found;
@@ -50,6 +42,7 @@ class PluginFolder {
   std::vector<std::wstring> names_in(const std::string& folder);
   void load_file(const std::string& folder, const std::wstring& name);
   std::vector<Offered> registered();
+  void unregister(const std::vector<Offered>& entries);
 
   oxa::Ref<IOXADirectoryScanner> scanner_;
   oxa::Ref<IOXAPluginLoader> loader_;

@@ -1,5 +1,7 @@
 #include "selection.h"
 
+#include <graph_contract.h>
+
 #include <algorithm>
 #include <filesystem>
 
@@ -11,22 +13,22 @@ namespace {
 constexpr const char* none = "none";
 constexpr const char* usual_algorithms[] = {"pagerank", "betweenness", "degree", "community"};
 
-template <class Interface>
-Interface* find_named(const std::vector<Interface*>& all, const std::string& name) {
+using Entries = std::vector<const Offered*>;
+
+const Offered* find_named(const Entries& all, const std::string& name) {
   const auto found = std::find_if(all.begin(), all.end(),
-                                  [&](Interface* object) { return object->GetName() == name; });
+                                  [&](const Offered* entry) { return entry->name == name; });
   return found != all.end() ? *found : nullptr;
 }
 
-template <class Interface>
-Interface* named(const std::vector<Interface*>& all, const char* what, const std::string& name) {
-  if (Interface* found = find_named(all, name)) {
+const Offered* named(const Entries& all, const char* what, const std::string& name) {
+  if (const Offered* found = find_named(all, name)) {
     return found;
   }
   std::vector<std::string> known;
   known.reserve(all.size());
-  for (Interface* object : all) {
-    known.emplace_back(object->GetName());
+  for (const Offered* entry : all) {
+    known.push_back(entry->name);
   }
   std::sort(known.begin(), known.end());
   const std::string sentence = std::string("there is no ") + what + " " + in_quotes(name);
@@ -40,14 +42,13 @@ Interface* named(const std::vector<Interface*>& all, const char* what, const std
                 exit_usage);
 }
 
-template <class Interface>
-Interface* for_file(const std::vector<Interface*>& all, const char* what, const std::string& path) {
+const Offered* for_file(const Entries& all, const char* what, const std::string& path) {
   const std::string extension = std::filesystem::path(path).extension().string();
   std::vector<std::string> known;
-  for (Interface* object : all) {
-    for (const std::string& served : split(object->GetExtensions(), ' ')) {
-      if (served == extension) {
-        return object;
+  for (const Offered* entry : all) {
+    for (const std::string& served : split(entry->details, ' ')) {
+      if (in_small_letters(served) == in_small_letters(extension)) {
+        return entry;
       }
       known.push_back(served);
     }
@@ -60,20 +61,27 @@ Interface* for_file(const std::vector<Interface*>& all, const char* what, const 
                 exit_usage);
 }
 
-void add_once(std::vector<IGraphAlgorithm*>& chosen, IGraphAlgorithm* algorithm) {
+// Whether --size-by or --color-by names an algorithm.
+bool names_column(const std::string& value) { return !value.empty() && value != none; }
+
+void add_once(Entries& chosen, const Offered* algorithm) {
   if (std::find(chosen.begin(), chosen.end(), algorithm) == chosen.end()) {
     chosen.push_back(algorithm);
   }
 }
 
-std::vector<IGraphAlgorithm*> select_algorithms(const PluginFolder& plugins,
-                                                const Options& options) {
-  const std::vector<IGraphAlgorithm*> all = plugins.all<IGraphAlgorithm>();
-  std::vector<IGraphAlgorithm*> chosen;
+// The one that sizes are to show comes first: whether its values fit is known only once it has run,
+// and should be known before the others take their time.
+Entries select_algorithms(const PluginFolder& plugins, const Options& options) {
+  const Entries all = plugins.all<IGraphAlgorithm>();
+  Entries chosen;
+  if (names_column(options.size_by)) {
+    add_once(chosen, named(all, "algorithm", options.size_by));
+  }
   if (!options.algorithms) {
     for (const char* name : usual_algorithms) {
-      if (IGraphAlgorithm* found = find_named(all, name)) {
-        chosen.push_back(found);
+      if (const Offered* found = find_named(all, name)) {
+        add_once(chosen, found);
       }
     }
   } else if (*options.algorithms != std::vector<std::string>{none}) {
@@ -81,10 +89,8 @@ std::vector<IGraphAlgorithm*> select_algorithms(const PluginFolder& plugins,
       add_once(chosen, named(all, "algorithm", name));
     }
   }
-  for (const std::string& column : {options.size_by, options.color_by}) {
-    if (!column.empty() && column != none) {
-      add_once(chosen, named(all, "algorithm", column));
-    }
+  if (names_column(options.color_by)) {
+    add_once(chosen, named(all, "algorithm", options.color_by));
   }
   return chosen;
 }

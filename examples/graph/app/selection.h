@@ -1,20 +1,18 @@
 // Choosing, among what the plug-ins offer, what the command line asks for.
 #pragma once
 
-#include <graph_contract.h>
-
-#include <string>
 #include <vector>
 
 #include "options.h"
 #include "plugin_folder.h"
 
-// What a run needs; borrowed from the plug-ins.
+// What a run needs; borrowed from the folder of plug-ins.
 struct Selection {
-  IGraphReader* reader = nullptr;
-  std::vector<IGraphAlgorithm*> algorithms;
-  IGraphLayout* layout = nullptr;
-  IGraphWriter* writer = nullptr;
+  const Offered* reader = nullptr;
+  // In the order in which to run them.
+  std::vector<const Offered*> algorithms;
+  const Offered* layout = nullptr;
+  const Offered* writer = nullptr;
 };
 
 // Throws Problem with exit_usage for a name or an extension that no plug-in serves.

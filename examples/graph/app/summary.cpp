@@ -44,6 +44,9 @@ std::string group_sizes(IGraph& graph, const double* values) {
       ++sizes[group];
     }
   }
+  if (sizes.empty()) {
+    return "no groups";
+  }
   std::vector<std::string> pieces;
   for (std::size_t group = 0; group < std::min(sizes.size(), 2 * shown); ++group) {
     pieces.push_back(std::to_string(sizes[group]));
@@ -51,8 +54,9 @@ std::string group_sizes(IGraph& graph, const double* values) {
   if (sizes.size() > pieces.size()) {
     pieces.emplace_back("...");
   }
-  return std::to_string(sizes.size()) + (sizes.size() == 1 ? " group" : " groups") +
-         (sizes.empty() ? "" : " of " + join(pieces, ", ")) + " nodes";
+  const bool single = sizes.size() == 1 && sizes[0] == 1;
+  return counted(sizes.size(), "group") + " of " + join(pieces, ", ") +
+         (single ? " node" : " nodes");
 }
 
 }  // namespace

@@ -50,6 +50,19 @@ std::string in_quotes(std::string_view text) {
   return result += '"';
 }
 
+std::string in_small_letters(std::string text) {
+  for (char& letter : text) {
+    if (letter >= 'A' && letter <= 'Z') {
+      letter = static_cast<char>(letter - 'A' + 'a');
+    }
+  }
+  return text;
+}
+
+std::string counted(std::uint64_t number, const char* thing) {
+  return std::to_string(number) + " " + thing + (number == 1 ? "" : "s");
+}
+
 std::string closest(std::string_view text, const std::vector<std::string>& known) {
   std::string best;
   std::size_t least = std::max<std::size_t>(2, text.size() / 3) + 1;

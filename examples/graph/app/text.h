@@ -1,6 +1,7 @@
 // Small things to do with text.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,12 @@ std::string join(const std::vector<std::string>& pieces, const char* separator);
 
 // Returns `text` in double quotes, for messages.
 std::string in_quotes(std::string_view text);
+
+// Returns `text` with the capital letters of ASCII made small.
+std::string in_small_letters(std::string text);
+
+// Returns a number of things: "1 node", "2 nodes".
+std::string counted(std::uint64_t number, const char* thing);
 
 // Returns the one of `known` that is most like `text`, or nothing when none is like it.
 std::string closest(std::string_view text, const std::vector<std::string>& known);

@@ -9,6 +9,7 @@
 
 #include "files.h"
 #include "interrupt.h"
+#include "plugin_call.h"
 #include "problem.h"
 #include "progress.h"
 #include "text.h"
@@ -18,24 +19,62 @@ namespace {
 class ErrorText final : public oxa::Implements<IGraphErrorText> {
  public:
   void Set(const char* text) override { text_ = text != nullptr ? text : ""; }
+  const std::string& text() const { return text_; }
 
-  // Throws for a negative result, with the plug-in's reason if it gave one.
-  void check(OXAResult result, const std::string& what) const {
+ private:
+  std::string text_;
+};
+
+// One operation of a plug-in, of which anything may come out.
+class Operation {
+ public:
+  // `failure` begins the sentence about a failure: "cannot read ...".
+  Operation(const Offered& plugin, std::string failure)
+      : plugin_("the plug-in " + in_quotes(plugin.plugin) + " in " + plugin.file),
+        failure_(std::move(failure)) {}
+
+  // Runs `call`, which gets the receiver of the plug-in's reason.
+  template <class Call>
+  void run(Call&& call) {
+    outcome_ = call_plugin([&] { return call(error_.get()); });
+  }
+
+  // Throws Problem after a failure, with the plug-in's reason if it gave one, and Stopped.
+  void check() const {
     stop_if_interrupted();
-    if (oxa::failed(result)) {
-      throw Problem(what + ": " + (text_.empty() ? without_text(result) : text_));
+    if (outcome_.result == E_OUTOFMEMORY) {
+      fail("there is not enough memory; close other programs or use a smaller graph");
+    }
+    if (outcome_.threw) {
+      blame(exception_text(outcome_));
+    }
+    if (oxa::failed(outcome_.result)) {
+      if (!error_->text().empty()) {
+        fail(error_->text());
+      }
+      blame("gives no reason but " + in_quotes(oxa::result_text(outcome_.result)));
+    }
+  }
+
+  // Throws Problem when the graph has no column `name`, which the operation promised to make.
+  void check_column(IGraph& graph, const std::string& name) const {
+    GraphColumnKind kind{};
+    const double* values = nullptr;
+    if (oxa::failed(graph.GetColumn(name.c_str(), &kind, &values))) {
+      blame("reports success but makes no column " + in_quotes(name));
     }
   }
 
  private:
-  static std::string without_text(OXAResult result) {
-    return result == E_OUTOFMEMORY
-               ? "there is not enough memory; close other programs or use a smaller graph"
-               : std::string("the plug-in gives no reason but \"") + oxa::result_text(result) +
-                     "\"; ask its author";
+  [[noreturn]] void fail(const std::string& why) const { throw Problem(failure_ + ": " + why); }
+  [[noreturn]] void blame(const std::string& what) const {
+    fail(plugin_ + " " + what + "; ask its author");
   }
 
-  std::string text_;
+  std::string plugin_;
+  std::string failure_;
+  oxa::Ref<ErrorText> error_ = oxa::make<ErrorText>();
+  CallOutcome outcome_;
 };
 
 class PictureOptions final : public oxa::Implements<IGraphOptions> {
@@ -55,27 +94,52 @@ class PictureOptions final : public oxa::Implements<IGraphOptions> {
   std::map<std::string, std::string, std::less<>> values_;
 };
 
-void read_graph(IGraphReader& reader, const std::string& path, IGraph& graph,
+void read_graph(const Offered& reader, const std::string& path, IGraph& graph,
                 IOXAProgressIndicator& progress) {
   const Step step(progress, "reading " + path);
   const std::string content = read_file(path);
-  const auto error = oxa::make<ErrorText>();
-  error->check(reader.Read(content.data(), content.size(), &graph, error.get()),
-               "cannot read " + in_quotes(path));
+  Operation operation(reader, "cannot read " + in_quotes(path));
+  operation.run([&](IGraphErrorText* error) {
+    return reader.as<IGraphReader>().Read(content.data(), content.size(), &graph, error);
+  });
+  operation.check();
 }
 
-void compute(IGraphAlgorithm& algorithm, IGraph& graph, IOXAProgressIndicator& progress) {
-  const std::string name = algorithm.GetName();
-  const Step step(progress, "computing " + name);
-  const auto error = oxa::make<ErrorText>();
-  error->check(algorithm.Run(&graph, error.get()), "cannot compute " + name);
+void compute(const Offered& algorithm, IGraph& graph, IOXAProgressIndicator& progress) {
+  const Step step(progress, "computing " + algorithm.name);
+  Operation operation(algorithm, "cannot compute " + algorithm.name);
+  operation.run(
+      [&](IGraphErrorText* error) { return algorithm.as<IGraphAlgorithm>().Run(&graph, error); });
+  operation.check();
+  operation.check_column(graph, algorithm.name);
 }
 
-void arrange(IGraphLayout& layout, IGraph& graph, IOXAProgressIndicator& progress) {
-  const std::string name = layout.GetName();
-  const Step step(progress, "arranging nodes, layout " + name);
-  const auto error = oxa::make<ErrorText>();
-  error->check(layout.Arrange(&graph, error.get()), "cannot make the layout " + name);
+// Throws Problem unless the picture can show the values of the column.
+void check_shown(const std::string& column, const Options& options, IGraph& graph) {
+  GraphColumnKind kind{};
+  const double* values = nullptr;
+  graph.GetColumn(column.c_str(), &kind, &values);
+  if (column == options.size_by && kind != GraphColumnKind::measure) {
+    throw Problem("the option --size-by cannot show " + in_quotes(column) +
+                      ", whose values are no quantities; name an algorithm that measures",
+                  exit_usage);
+  }
+  if (column == options.color_by && kind != GraphColumnKind::measure &&
+      kind != GraphColumnKind::category) {
+    throw Problem("the option --color-by cannot show " + in_quotes(column) +
+                      ", whose values are neither quantities nor groups; name another algorithm",
+                  exit_usage);
+  }
+}
+
+void arrange(const Offered& layout, IGraph& graph, IOXAProgressIndicator& progress) {
+  const Step step(progress, "arranging nodes, layout " + layout.name);
+  Operation operation(layout, "cannot make the layout " + layout.name);
+  operation.run(
+      [&](IGraphErrorText* error) { return layout.as<IGraphLayout>().Arrange(&graph, error); });
+  operation.check();
+  operation.check_column(graph, "x");
+  operation.check_column(graph, "y");
 }
 
 // The column asked for, or the first of the kind.
@@ -102,7 +166,7 @@ std::string title_from(const std::string& path) {
   return title;
 }
 
-void write_picture(IGraphWriter& writer, const Options& options, IGraph& graph,
+void write_picture(const Offered& writer, const Options& options, IGraph& graph, OutputFile& file,
                    IOXAProgressIndicator& progress) {
   const Step step(progress, "writing " + options.output);
   const auto picture = oxa::make<PictureOptions>();
@@ -110,22 +174,26 @@ void write_picture(IGraphWriter& writer, const Options& options, IGraph& graph,
   picture->set("theme", options.theme);
   picture->set("size", column_to_show(options.size_by, GraphColumnKind::measure, graph));
   picture->set("color", column_to_show(options.color_by, GraphColumnKind::category, graph));
-  const auto file = oxa::make<OutputFile>(options.output);
-  const auto error = oxa::make<ErrorText>();
-  const OXAResult result = writer.Write(&graph, picture.get(), file.get(), error.get());
-  file->check();
-  error->check(result, "cannot write " + in_quotes(options.output));
-  file->commit();
+  Operation operation(writer, "cannot write " + in_quotes(options.output));
+  operation.run([&](IGraphErrorText* error) {
+    return writer.as<IGraphWriter>().Write(&graph, picture.get(), &file, error);
+  });
+  file.check();
+  operation.check();
+  file.commit();
 }
 
 }  // namespace
 
+// The output is opened first, so that nothing is computed in vain.
 void draw_graph(const Selection& selection, const Options& options, IGraph& graph,
                 IOXAProgressIndicator& progress) {
+  const auto file = oxa::make<OutputFile>(options.output);
   read_graph(*selection.reader, options.input, graph, progress);
-  for (IGraphAlgorithm* algorithm : selection.algorithms) {
+  for (const Offered* algorithm : selection.algorithms) {
     compute(*algorithm, graph, progress);
+    check_shown(algorithm->name, options, graph);
   }
   arrange(*selection.layout, graph, progress);
-  write_picture(*selection.writer, options, graph, progress);
+  write_picture(*selection.writer, options, graph, *file, progress);
 }

@@ -3,11 +3,12 @@
 //
 // A plug-in offers an IGraphReader under IID_IOXAFileReader, an IGraphWriter under
 // IID_IOXAFileWriter, an IGraphAlgorithm under IID_IOXAAlgorithm and an IGraphLayout under
-// IID_IOXALayout; <graph_plugin.h> holds base classes for them. Every interface here is frozen:
-// growth is a new interface with a new id.
+// IID_IOXALayout; <graph_plugin.h> holds base classes for them. From its first release on, every
+// interface here is frozen: growth is a new interface with a new id.
 //
 // Everything is called on the host's thread. Texts are UTF-8, terminated, and borrowed for the call
-// unless said otherwise. No exception crosses.
+// unless said otherwise. No exception crosses. What plug-ins return as their names, descriptions
+// and extensions is never null; the host asks once, and skips a plug-in that returns null.
 //
 // Progress: around each operation the host calls Begin, UpdateTitle and End of the context's
 // progress indicator. An operation that takes long calls SetHeartbeatFrequency(n) once, n being the
@@ -66,7 +67,8 @@ class IGraph : public IOXAReference {
 
   // Copies `count` values, one per node, into the column `name`, which is made or replaced.
   // S_OK; E_INVALIDARG for a null argument or a count other than that of the nodes, except that
-  // `values` may be null when the count is 0; E_OUTOFMEMORY with nothing changed.
+  // `values` may be null when the count is 0, and for a category that is no whole number from 0 to
+  // below the count; E_OUTOFMEMORY. After a failure nothing is changed.
   virtual OXAResult SetColumn(const char* name, GraphColumnKind kind, const double* values,
                               std::uint64_t count) = 0;
 
@@ -124,11 +126,11 @@ class IGraphOutput : public IOXAReference {
 // Reads graphs from the contents of files. Implemented by plug-ins.
 class IGraphReader : public IOXAReference {
  public:
-  // Returns the name of the format for people, valid as long as this object.
+  // Returns the name of the format for people, never null, valid as long as this object.
   virtual const char* GetName() = 0;
 
-  // Returns the file name extensions of the format, separated by blanks: ".txt .edges". Valid as
-  // long as this object.
+  // Returns the file name extensions of the format, separated by blanks: ".txt .edges". Letters of
+  // ASCII stand for both cases. Never null, valid as long as this object.
   virtual const char* GetExtensions() = 0;
 
   // Adds the graph in `size` bytes of `data`, which need not be terminated, to `graph`.
@@ -162,15 +164,16 @@ class IGraphWriter : public IOXAReference {
 class IGraphAlgorithm : public IOXAReference {
  public:
   // Returns the algorithm's name, which people type and which is the column it makes: one word in
-  // small letters, valid as long as this object.
+  // small letters, never null, valid as long as this object.
   virtual const char* GetName() = 0;
 
-  // Returns what it computes, a phrase for people, valid as long as this object.
+  // Returns what it computes, a phrase for people, never null, valid as long as this object.
   virtual const char* GetDescription() = 0;
 
   // Computes the column called GetName.
-  // S_OK; E_INVALIDARG for a null `graph`; E_FAIL when stopped or, with a text in `error`, when it
-  // cannot be computed; E_OUTOFMEMORY. After a failure the column is as before.
+  // S_OK, and the column is there; E_INVALIDARG for a null `graph`; E_FAIL when stopped or, with a
+  // text in `error`, when it cannot be computed; E_OUTOFMEMORY. After a failure the column is as
+  // before.
   virtual OXAResult Run(IGraph* graph, IGraphErrorText* error) = 0;
 
  protected:
@@ -184,7 +187,7 @@ class IGraphLayout : public IOXAReference {
   virtual const char* GetName() = 0;
   virtual const char* GetDescription() = 0;
 
-  // Computes the columns "x" and "y", in any unit, the same for both.
+  // Computes the columns "x" and "y", in any unit, the same for both. Both are there after S_OK.
   // The results of IGraphAlgorithm::Run.
   virtual OXAResult Arrange(IGraph* graph, IGraphErrorText* error) = 0;
 
