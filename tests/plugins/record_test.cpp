@@ -2,8 +2,12 @@
 #include <elf.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <functional>
+#include <iterator>
+#include <random>
 
 #include "plugins/files.h"
 #include "plugins/plugin_record.h"
@@ -128,6 +132,71 @@ TEST(SharedObjectFileTest, WhatCannotBeOpenedIsLeftToTheSystem) {
 
 TEST(SharedObjectFileTest, ARealPluginIsComplete) {
   EXPECT_TRUE(oxa::is_complete_shared_object(miniature("good").c_str()));
+}
+
+// What is_complete_shared_object promises, with numbers that cannot wrap around.
+bool is_complete_by_the_book(const Image& image) {
+  __extension__ using Wide = unsigned __int128;
+  const auto& header = image.header;
+  const auto holds = [](Wide offset, Wide length) { return offset + length <= sizeof(Image); };
+  if (std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0 || header.e_ident[EI_CLASS] != ELFCLASS64 ||
+      header.e_phentsize != sizeof(Elf64_Phdr)) {
+    return false;
+  }
+  const auto* bytes = reinterpret_cast<const char*>(&image);
+  for (unsigned index = 0; index < header.e_phnum; ++index) {
+    const Wide place = Wide{header.e_phoff} + index * sizeof(Elf64_Phdr);
+    if (!holds(place, sizeof(Elf64_Phdr))) {
+      return false;
+    }
+    Elf64_Phdr segment;
+    std::memcpy(&segment, bytes + static_cast<std::size_t>(place), sizeof segment);
+    if (!holds(segment.p_offset, segment.p_filesz)) {
+      return false;
+    }
+  }
+  return header.e_shoff == 0 || holds(header.e_shoff, Wide{header.e_shnum} * header.e_shentsize);
+}
+
+TEST(SharedObjectFileTest, RandomHeadersAreJudgedByTheBook) {
+  std::mt19937_64 random(1);
+  const std::uint64_t interesting[] = {
+      0,         1, 55, 56, 64, 120, 184, 185, 0xFFFF, 1U << 31, UINT64_MAX - 183, UINT64_MAX - 55,
+      UINT64_MAX};
+  const auto number = [&] { return interesting[random() % std::size(interesting)]; };
+  int complete = 0;
+  for (int round = 0; round < 3000; ++round) {
+    Image image;
+    for (std::uint64_t left = random() % 4; left > 0; --left) {
+      switch (random() % 8) {
+        case 0:
+          image.header.e_phoff = number();
+          break;
+        case 1:
+          image.header.e_phnum = static_cast<Elf64_Half>(number());
+          break;
+        case 2:
+          image.header.e_shoff = number();
+          break;
+        case 3:
+          image.header.e_shnum = static_cast<Elf64_Half>(number());
+          break;
+        case 4:
+          image.segment.p_offset = number();
+          break;
+        case 5:
+          image.segment.p_filesz = number();
+          break;
+        default:
+          reinterpret_cast<unsigned char*>(&image)[random() % sizeof image] ^=
+              static_cast<unsigned char>(1U << (random() % 8));
+      }
+    }
+    ASSERT_EQ(is_complete(image), is_complete_by_the_book(image)) << round;
+    complete += is_complete_by_the_book(image) ? 1 : 0;
+  }
+  EXPECT_GT(complete, 300);
+  EXPECT_LT(complete, 2700);
 }
 
 }  // namespace
