@@ -17,12 +17,13 @@
 class IOXAPluginLoader : public IOXAReference {
  public:
   // Loads one shared object.
-  // S_OK; S_ALREADYEXISTS when this path is loaded already; E_INVALIDARG for a null path, or an
-  // object without the entry point, with a failing one, or whose list of interfaces fails, each
-  // with a message; E_NOINTERFACE for a plug-in that offers nothing; E_FAIL when the object cannot
-  // be opened, without a message; E_OUTOFMEMORY; E_UNEXPECTED when the plug-in throws elsewhere, or
-  // the loader is ending. After a failure the object is closed again; after E_NOINTERFACE and after
-  // a failing list its entry in "plugins" stays behind and must not be used.
+  // S_OK; S_ALREADYEXISTS when this path is loaded already; E_INVALIDARG for a null path and,
+  // with a message, for an object without the entry point, with a failing one, or whose list of
+  // interfaces fails; E_NOINTERFACE for a plug-in that offers nothing; E_FAIL when the object
+  // cannot be opened, without a message; E_OUTOFMEMORY; E_UNEXPECTED when the plug-in throws
+  // elsewhere, or the loader is ending. After a failure the object is closed again; after
+  // E_NOINTERFACE and after a failing list its entry in "plugins" stays behind and must not be
+  // used.
   virtual OXAResult Load(const wchar_t* path) = 0;
 
   // Loads every entry of `folder` whose name contains ".so", by the path made of `folder`, "/" and
@@ -39,8 +40,9 @@ class IOXAPluginLoader : public IOXAReference {
   virtual OXAResult Unload(const wchar_t* path) = 0;
 
   // Drops all plug-ins in ascending path order, as Unload does.
-  // S_OK; E_UNEXPECTED when a plug-in throws, with those behind it still loaded; the next call goes
-  // on with them.
+  // S_OK; E_UNEXPECTED when a plug-in throws. Those behind it are then still loaded, and the next
+  // call goes on with them; it and those before it are gone, but their paths count as loaded for
+  // Load until Unload, which returns E_UNEXPECTED for them, or an UnloadAll that succeeds.
   virtual OXAResult UnloadAll() = 0;
 
  protected:
