@@ -136,7 +136,7 @@ TEST(RawManagerTest, TheLoaderRegistersThePluginAndThenWhatItOffers) {
 TEST(RawSinkTest, TheLoaderReportsThroughTheErrorAndTheMessageWithALevel) {
   const TemporaryFolder good;
   const TemporaryFolder bad;
-  good.copy("c_style", "x.so");
+  copy_plugin(good, "c_style", "x.so");
   bad.write("y.so", "no plug-in");
   RawContext context{context_table.slots.data()};
   const auto loader = make_loader(context);

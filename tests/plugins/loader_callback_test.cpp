@@ -46,7 +46,7 @@ TEST(PluginLoaderTest, APluginThatLoadsOthersWhileTheLoaderEndsIsRefused) {
   Telling<RecordingHost> host;
   IOXAPluginLoader* loader = host.loader.get();
   const TemporaryFolder folder;
-  const std::wstring other = wide(folder.copy("good", "good.so"));
+  const std::wstring other = wide(copy_plugin(folder, "good", "good.so"));
   Results inner;
   host.plugin.on_release = [&] {
     inner = {loader->Load(other.c_str()), loader->LoadAll(wide(folder.path()).c_str())};

@@ -61,7 +61,7 @@ TEST(PluginFileTest, AFileShorterThanItsMagicIsNotLoaded) {
 
 TEST(PluginFileTest, APluginCutAtAnyLengthIsNotLoaded) {
   const TemporaryFolder folder;
-  const auto path = folder.copy("good", "x.so");
+  const auto path = copy_plugin(folder, "good", "x.so");
   RecordingHost host;
   const std::wstring wide_path = wide(path);
   ASSERT_EQ(host.loader->Load(wide_path.c_str()), S_OK);
@@ -104,7 +104,7 @@ TEST(PluginFileTest, ALinkToAPluginIsLoaded) {
 TEST(PluginFileTest, AFileThatMayNotBeReadFailsUntilItMay) {
   const TemporaryFolder folder;
   std::filesystem::permissions(folder.path(), std::filesystem::perms(0755));
-  const auto path = folder.copy("good", "x.so");
+  const auto path = copy_plugin(folder, "good", "x.so");
   RecordingHost host;
   const auto load = [&] {
     const OrdinaryUser user;
@@ -126,7 +126,7 @@ TEST(PluginFileTest, AnEmptyPathNamesTheProgramItselfWhichIsNoPlugin) {
 
 TEST(PluginFileTest, ANameInUtf8IsLoaded) {
   const TemporaryFolder folder;
-  folder.copy("good", "\u00E9.so");
+  copy_plugin(folder, "good", "\u00E9.so");
   RecordingHost host;
   host.loader->LoadAll(wide(folder.path()).c_str());
   drop_reference_of_load_all(host.sink.get());
@@ -135,13 +135,13 @@ TEST(PluginFileTest, ANameInUtf8IsLoaded) {
 
 TEST(PluginFileTest, ANameThatIsNotUtf8LosesTheBadByteAndIsNotFound) {
   const TemporaryFolder folder;
-  folder.copy("good", "\xFF.so");
+  copy_plugin(folder, "good", "\xFF.so");
   EXPECT_EQ(report_of_loading_all(folder), "error: " + folder.path().string() + "/.so failed...");
 }
 
 TEST(PluginFileTest, ANameWithABrokenSequenceLosesTheByteBehindItToo) {
   const TemporaryFolder folder;
-  folder.copy("good", "\xE9.so");
+  copy_plugin(folder, "good", "\xE9.so");
   EXPECT_EQ(report_of_loading_all(folder), "error: " + folder.path().string() + "/so failed...");
 }
 

@@ -23,10 +23,10 @@ Lines reports_of_loading_all(RecordingHost& host, const std::filesystem::path& f
 
 TEST(PluginLoaderTest, LoadAllLoadsEveryEntryWithSoInItsName) {
   const TemporaryFolder folder;
-  const std::string good = folder.copy("good", "a.so");
-  const std::string versioned = folder.copy("by_hand", "b.so.1");
-  folder.copy("all_kinds", "c.plugin");
-  folder.copy("all_kinds", "also");
+  const std::string good = copy_plugin(folder, "good", "a.so");
+  const std::string versioned = copy_plugin(folder, "by_hand", "b.so.1");
+  copy_plugin(folder, "all_kinds", "c.plugin");
+  copy_plugin(folder, "all_kinds", "also");
   RecordingHost host;
   EXPECT_EQ(reports_of_loading_all(host, folder.path()),
             (Lines{"message 0: " + good + " loaded...", "message 0: " + versioned + " loaded..."}));
@@ -36,7 +36,7 @@ TEST(PluginLoaderTest, LoadAllLoadsEveryEntryWithSoInItsName) {
 TEST(PluginLoaderTest, APluginThatFailsDoesNotStopTheOthers) {
   const TemporaryFolder folder;
   const std::string text = folder.write("a.so", "no plug-in");
-  const std::string good = folder.copy("good", "b.so");
+  const std::string good = copy_plugin(folder, "good", "b.so");
   const std::string other_text = folder.write("c.so", "no plug-in");
   RecordingHost host;
   EXPECT_EQ(reports_of_loading_all(host, folder.path()),
@@ -109,9 +109,9 @@ TEST(PluginLoaderTest, LoadAllMovesTheLoaderToTheSinkThatTheContextHoldsNow) {
 TEST(PluginLoaderTest, WithoutASinkInTheContextLoadAllLoadsInSilence) {
   const TemporaryFolder folder;
   folder.write("a.so", "no plug-in");
-  folder.copy("no_entry_point", "b.so");
-  folder.copy("good", "c.so");
-  folder.copy("good", "d.so");
+  copy_plugin(folder, "no_entry_point", "b.so");
+  copy_plugin(folder, "good", "c.so");
+  copy_plugin(folder, "good", "d.so");
   RecordingHost host;
   host.context->services.erase(oxa::to_string(IID_IOXADebugMessage));
   EXPECT_EQ(reports_of_loading_all(host, folder.path()), Lines{});
@@ -120,7 +120,7 @@ TEST(PluginLoaderTest, WithoutASinkInTheContextLoadAllLoadsInSilence) {
 
 TEST(PluginLoaderTest, LoadAllAgainReportsWhatIsLoadedAlreadyAsLoaded) {
   const TemporaryFolder folder;
-  const std::string path = folder.copy("good", "a.so");
+  const std::string path = copy_plugin(folder, "good", "a.so");
   RecordingHost host;
   reports_of_loading_all(host, folder.path());
   const std::string report = "message 0: " + path + " loaded...";
@@ -130,7 +130,7 @@ TEST(PluginLoaderTest, LoadAllAgainReportsWhatIsLoadedAlreadyAsLoaded) {
 
 TEST(PluginLoaderTest, PathsAreTheFolderAsGivenASlashAndTheName) {
   const TemporaryFolder folder;
-  const std::string path = folder.copy("good", "a.so");
+  const std::string path = copy_plugin(folder, "good", "a.so");
   const std::string given = folder.path().string() + "/";
   RecordingHost host;
   EXPECT_EQ(reports_of_loading_all(host, given), Lines{"message 0: " + given + "/a.so loaded..."});
@@ -153,8 +153,8 @@ TEST(PluginLoaderTest, LoadAllLeavesTheScannerOfTheContextAlone) {
 
 TEST(PluginLoaderTest, AnEntryPointMayLoadItsOwnFolder) {
   const TemporaryFolder folder;
-  const std::string self = folder.copy("loads_its_folder", "a.so");
-  const std::string other = folder.copy("good", "b.so");
+  const std::string self = copy_plugin(folder, "loads_its_folder", "a.so");
+  const std::string other = copy_plugin(folder, "good", "b.so");
   RecordingHost host;
   const Lines expected = {"error: " + self + " failed...",
                           "error: Unloading plugin (/): OXACreateInterface() failed..",

@@ -68,7 +68,7 @@ TEST(PluginLoaderMemoryTest, ALoadThatRanOutOfMemoryCanBeRepeatedAndUnloaded) {
 // Each LoadAll leaves a reference on the sink; the test drops it.
 TEST(PluginLoaderMemoryTest, ALoadAllThatRunsOutOfMemoryLeavesNothingInTheRegistry) {
   const TemporaryFolder folder;
-  const std::wstring path = wide(folder.copy("all_kinds", "x.so"));
+  const std::wstring path = wide(copy_plugin(folder, "all_kinds", "x.so"));
   const std::wstring folder_path = wide(folder.path());
   const OpenObject keeps_the_code(folder / "x.so");
   Host host;

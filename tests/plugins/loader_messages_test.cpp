@@ -88,7 +88,7 @@ TEST(PluginLoaderTest, AFailingEntryPointIsReportedAsAnError) {
 TEST(PluginLoaderTest, MessagesShowTheBytesOfThePathUpToTheFirstZero) {
   const TemporaryFolder folder;
   std::filesystem::create_directory(folder / "\u0161");
-  folder.copy("no_entry_point", "\u0161/x.so");
+  copy_plugin(folder, "no_entry_point", "\u0161/x.so");
   const WorkingFolderGuard inside(folder.path());
   EXPECT_EQ(written_by_loading(L"\u0161/x.so").err,
             "ERROR: Unloading plugin: a\x01 is not an OXA plugin..\n");
@@ -96,7 +96,7 @@ TEST(PluginLoaderTest, MessagesShowTheBytesOfThePathUpToTheFirstZero) {
 
 TEST(PluginLoaderTest, AShortPathIsShownByItsFirstCharacterToo) {
   const TemporaryFolder folder;
-  folder.copy("no_entry_point", "x.so");
+  copy_plugin(folder, "no_entry_point", "x.so");
   const WorkingFolderGuard inside(folder.path());
   EXPECT_EQ(written_by_loading(L"./x.so").err,
             "ERROR: Unloading plugin: . is not an OXA plugin..\n");
@@ -110,7 +110,7 @@ TEST(PluginLoaderTest, LoadAloneReportsNoSuccessAndNoMissingFile) {
 
 TEST(PluginLoaderTest, LoadAllReportsWhatItLoadedOnStandardOutput) {
   const TemporaryFolder folder;
-  const std::string path = folder.copy("good", "x.so");
+  const std::string path = copy_plugin(folder, "good", "x.so");
   const Written written = written_by_loading_all(folder.path());
   EXPECT_EQ(written.out, path + " loaded...\n");
   EXPECT_EQ(written.err, "");
@@ -126,7 +126,7 @@ TEST(PluginLoaderTest, LoadAllReportsWhatFailedOnStandardError) {
 
 TEST(PluginLoaderTest, LoadAllReportsARefusedPluginAfterTheReason) {
   const TemporaryFolder folder;
-  const std::string path = folder.copy("no_entry_point", "x.so");
+  const std::string path = copy_plugin(folder, "no_entry_point", "x.so");
   EXPECT_EQ(written_by_loading_all(folder.path()).err,
             "ERROR: Unloading plugin: / is not an OXA plugin..\nERROR: " + path + " failed...\n");
 }
@@ -134,14 +134,14 @@ TEST(PluginLoaderTest, LoadAllReportsARefusedPluginAfterTheReason) {
 TEST(PluginLoaderTest, PathsAreReportedInTheEncodingOfTheLocale) {
   const LocaleGuard locale("C.UTF-8");
   const TemporaryFolder folder;
-  const std::string path = folder.copy("good", "\u017E.so");
+  const std::string path = copy_plugin(folder, "good", "\u017E.so");
   EXPECT_EQ(written_by_loading_all(folder.path()).out, path + " loaded...\n");
 }
 
 TEST(PluginLoaderTest, APathThatTheLocaleCannotShowIsLeftOut) {
   const LocaleGuard locale("C");
   const TemporaryFolder folder;
-  folder.copy("good", "\u017E.so");
+  copy_plugin(folder, "good", "\u017E.so");
   folder.write("\u4E2D.so", "no plug-in");
   const Written written = written_by_loading_all(folder.path());
   EXPECT_EQ(written.out, "\n");
@@ -163,7 +163,7 @@ TEST(PluginLoaderTest, ALongPathIsCutWithTheRestOfItsLine) {
 TEST(PluginLoaderTest, AnAlreadyLoadedPluginIsReportedAsLoadedAtLevelZero) {
   const TemporaryFolder folder;
   RecordingHost host;
-  const std::string path = folder.copy("good", "x.so");
+  const std::string path = copy_plugin(folder, "good", "x.so");
   host.loader->Load(wide(path).c_str());
   host.loader->LoadAll(wide(folder.path()).c_str());
   drop_reference_of_load_all(host.sink.get());

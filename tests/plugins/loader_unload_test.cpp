@@ -102,8 +102,8 @@ TEST(PluginLoaderTest, UnloadAllKeepsTheCodeOfAnObjectThatTheHostStillHolds) {
 TEST(PluginLoaderTest, UnloadAllGoesInAscendingPathOrder) {
   const TemporaryFolder folder;
   Host host;
-  host.loader->Load(wide(folder.copy("good", "b.so")).c_str());
-  host.loader->Load(wide(folder.copy("by_hand", "a.so")).c_str());
+  host.loader->Load(wide(copy_plugin(folder, "good", "b.so")).c_str());
+  host.loader->Load(wide(copy_plugin(folder, "by_hand", "a.so")).c_str());
   host.journal->lines.clear();
   EXPECT_EQ(host.loader->UnloadAll(), S_OK);
   EXPECT_EQ(host.journal->lines, (Lines{"by hand ends", "good ends"}));
@@ -112,8 +112,8 @@ TEST(PluginLoaderTest, UnloadAllGoesInAscendingPathOrder) {
 TEST(PluginLoaderTest, PathsAreOrderedByTheirCharacters) {
   const TemporaryFolder folder;
   Host host;
-  host.loader->Load(wide(folder.copy("good", "\u00E9.so")).c_str());
-  host.loader->Load(wide(folder.copy("by_hand", "Z.so")).c_str());
+  host.loader->Load(wide(copy_plugin(folder, "good", "\u00E9.so")).c_str());
+  host.loader->Load(wide(copy_plugin(folder, "by_hand", "Z.so")).c_str());
   host.journal->lines.clear();
   host.loader->UnloadAll();
   EXPECT_EQ(host.journal->lines, (Lines{"by hand ends", "good ends"}));
@@ -136,8 +136,8 @@ TEST(PluginLoaderTest, UnloadAllWithNothingLoadedSucceeds) {
 TEST(PluginLoaderTest, UnloadAllStopsAtAPluginThatThrowsAndCanBeCalledAgain) {
   const TemporaryFolder folder;
   Host host;
-  host.loader->Load(wide(folder.copy("throws_on_release", "a.so")).c_str());
-  host.loader->Load(wide(folder.copy("good", "b.so")).c_str());
+  host.loader->Load(wide(copy_plugin(folder, "throws_on_release", "a.so")).c_str());
+  host.loader->Load(wide(copy_plugin(folder, "good", "b.so")).c_str());
   EXPECT_EQ(host.loader->UnloadAll(), E_UNEXPECTED);
   EXPECT_EQ(host.journal->lines, Lines{"good begins"});
   EXPECT_EQ(host.loader->UnloadAll(), S_OK);
@@ -155,9 +155,9 @@ struct StoppedHost : Host {
   ~StoppedHost() { close_for_good(folder / "b.so"); }
 
   TemporaryFolder folder;
-  std::wstring a = wide(folder.copy("good", "a.so"));
-  std::wstring b = wide(folder.copy("throws_on_release", "b.so"));
-  std::wstring c = wide(folder.copy("by_hand", "c.so"));
+  std::wstring a = wide(copy_plugin(folder, "good", "a.so"));
+  std::wstring b = wide(copy_plugin(folder, "throws_on_release", "b.so"));
+  std::wstring c = wide(copy_plugin(folder, "by_hand", "c.so"));
 };
 
 TEST(PluginLoaderTest, WhatUnloadAllWalkedBeforeItStoppedStillCountsAsLoaded) {
@@ -199,7 +199,7 @@ TEST(PluginLoaderTest, UnloadAllGoesOnBehindThePluginAtWhichItStopped) {
 TEST(PluginLoaderTest, UnloadOfAPluginThatThrowsForgetsIt) {
   const TemporaryFolder folder;
   Host host;
-  const std::wstring path = wide(folder.copy("throws_on_release", "a.so"));
+  const std::wstring path = wide(copy_plugin(folder, "throws_on_release", "a.so"));
   host.loader->Load(path.c_str());
   EXPECT_LT(host.loader->Unload(path.c_str()), 0);
   EXPECT_EQ(host.loader->Unload(path.c_str()), E_NOTFOUND);

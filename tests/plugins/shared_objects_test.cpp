@@ -121,7 +121,7 @@ TEST(SharedObjectTest, AHandleThatTheSystemRejectsIsAFailure) {
 
 TEST(SharedObjectTest, WidePathsAreUtf8ForTheSystem) {
   const TemporaryFolder folder;
-  folder.copy("good", "a\u00E9\u4E2D\U0001F600.so");
+  copy_plugin(folder, "good", "a\u00E9\u4E2D\U0001F600.so");
   EXPECT_TRUE(opens(wide(folder.path()) + L"/a\u00E9\u4E2D\U0001F600.so"));
 }
 
@@ -130,7 +130,7 @@ TEST(SharedObjectTest, TheOutermostCodePointsOfEachLengthAreKept) {
                                    U'\xFFFF', U'\x10000', U'\x10FFFF'}) {
     const TemporaryFolder folder;
     const std::filesystem::path name(std::u32string(1, character) + U".so");
-    folder.copy("good", name.string());
+    copy_plugin(folder, "good", name.string());
     EXPECT_TRUE(opens(wide(folder.path()) + L"/" + static_cast<wchar_t>(character) + L".so"))
         << std::hex << static_cast<unsigned long>(character);
   }
