@@ -6,8 +6,9 @@
 #include <oxa/result.h>
 
 // Hands out one object per interface id. Implemented by the library; made with OXACreateContext and
-// handed to every plug-in's entry point. Concurrent GetInterface calls are safe while nobody calls
-// AddToContext, which must not overlap with any other operation.
+// handed to every plug-in's entry point. Make one per process, see docs/behaviours.md. Concurrent
+// GetInterface calls are safe while nobody calls AddToContext, which must not overlap with any
+// other operation.
 class IOXAContext : public IOXAReference {
  public:
   // Fetches the object filed under `iid`; the caller owns one reference to `*out`.
@@ -30,8 +31,8 @@ struct OXAInterfaceId<IOXAContext> {
 };
 
 // Makes a context that already holds the default services: message sink, progress sink, directory
-// scanner, interface manager and plug-in loader. The caller owns one reference to `*out`.
-// S_FALSE on success; E_INVALIDARG for a null `out`; E_NOINTERFACE for an id other than
+// scanner, XML parser, interface manager and plug-in loader. The caller owns one reference to
+// `*out`. S_FALSE on success; E_INVALIDARG for a null `out`; E_NOINTERFACE for an id other than
 // IID_IOXAContext; E_OUTOFMEMORY, or the result of the service that could not be added. `*out` is
 // null after a failure.
 extern "C" OXA_EXPORT OXAResult OXACreateContext(const _GUID& iid, void** out);

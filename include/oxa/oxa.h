@@ -13,6 +13,11 @@
 #include <oxa/IOXAProgressIndicator.h>
 #include <oxa/IOXAPropertyEnum.h>
 #include <oxa/IOXAReference.h>
+#include <oxa/IOXAXMLAttributeEnum.h>
+#include <oxa/IOXAXMLDocument.h>
+#include <oxa/IOXAXMLElement.h>
+#include <oxa/IOXAXMLElementEnum.h>
+#include <oxa/IOXAXMLParser.h>
 #include <oxa/guid.h>
 #include <oxa/interface_ids.h>
 #include <oxa/result.h>
@@ -23,5 +28,7 @@
 #include <oxa/sdk/ref.h>
 #include <oxa/sdk/result_text.h>
 #include <oxa/sdk/utf8.h>
+#include <oxa/sdk/xml.h>
 #include <oxa/shared_objects.h>
 #include <oxa/strings.h>
+#include <oxa/xml_text.h>

@@ -11,22 +11,32 @@
 #include "core/OXADefaultIO.h"
 #include "core/OXAInterfaceManager.h"
 #include "plugins/OXADirectoryScanner.h"
+#include "xml/oxa_xml_container.h"
 
 namespace {
 
 using service_reference = oxa::Ref<IOXAReference>;
 
-// One step of the sequence. `create` throws std::bad_alloc; `failure` goes to the message sink when
-// the service cannot be added, and is null for the sink itself.
+// One step of the sequence. `create` is given the context and throws std::bad_alloc; `failure` goes
+// to the message sink when the service cannot be added, and is null for the sink itself.
 struct default_service {
   const _GUID& iid;
-  service_reference (*create)();
+  service_reference (*create)(IOXAContext& context);
   const char* failure;
 };
 
 template <class Service>
-service_reference create() {
-  return service_reference::adopt(static_cast<typename Service::InterfaceType*>(new Service()));
+service_reference own(Service* service) {
+  return service_reference::adopt(static_cast<typename Service::InterfaceType*>(service));
+}
+
+template <class Service>
+service_reference create(IOXAContext& /*context*/) {
+  return own(new Service());
+}
+
+service_reference create_xml_container(IOXAContext& context) {
+  return own(new oxa_xml_container(&context));
 }
 
 const default_service default_services[] = {
@@ -35,6 +45,7 @@ const default_service default_services[] = {
      "Unable to add ProgressIndicator to the context."},
     {IID_IOXADirectoryScanner, create<OXADirectoryScanner>,
      "Unable to add DirectoryScanner() to the context."},
+    {IID_IOXAXMLParser, create_xml_container, "Unable to add XMLParser() to the context."},
     {IID_IOXAInterfaceManager, create<OXAInterfaceManager>,
      "Unable to add Interface Manager to the context."},
 };
@@ -51,7 +62,7 @@ OXAResult add_default_services(IOXAContext& context) {
   IOXADebugMessage* sink = nullptr;
   std::size_t step = 0;
   for (const default_service& service : default_services) {
-    held[step] = service.create();
+    held[step] = service.create(context);
     if (sink == nullptr) {
       sink = static_cast<IOXADebugMessage*>(held[step].get());
     }

@@ -24,7 +24,7 @@ class SlotTeller {
   Interface* operator->() { return reinterpret_cast<Interface*>(&slots_); }
 
  private:
-  static constexpr std::size_t slot_count = 12;
+  static constexpr std::size_t slot_count = 21;
 
   template <std::size_t... Index>
   static RawTable<slot_count> make_table(std::index_sequence<Index...>) {
@@ -55,6 +55,11 @@ TEST(CallerSlotsTest, EveryInterfaceBeginsWithTheReferenceOperations) {
   expect_reference_slots<IOXAPluginLoader>();
   expect_reference_slots<IOXAProgressIndicator>();
   expect_reference_slots<IOXAPropertyEnum>();
+  expect_reference_slots<IOXAXMLAttributeEnum>();
+  expect_reference_slots<IOXAXMLDocument>();
+  expect_reference_slots<IOXAXMLElement>();
+  expect_reference_slots<IOXAXMLElementEnum>();
+  expect_reference_slots<IOXAXMLParser>();
 }
 
 TEST(CallerSlotsTest, Context) {
@@ -151,6 +156,64 @@ TEST(CallerSlotsTest, PluginLoader) {
   EXPECT_EQ(loader->LoadAll(L""), 5);
   EXPECT_EQ(loader->Unload(L""), 6);
   EXPECT_EQ(loader->UnloadAll(), 7);
+}
+
+TEST(CallerSlotsTest, XMLElement) {
+  SlotTeller<IOXAXMLElement> element;
+  char* text = nullptr;
+  EXPECT_EQ(slot_called_by([&] { element->Name(); }), 4);
+  EXPECT_EQ(element->SetName(""), 5);
+  EXPECT_EQ(element->SetText(""), 6);
+  EXPECT_EQ(slot_called_by([&] { static_cast<void>(element->HasChildren()); }), 7);
+  EXPECT_EQ(slot_called_by([&] { static_cast<void>(element->hasText()); }), 8);
+  EXPECT_EQ(element->GetText(text), 9);
+  EXPECT_EQ(element->GetHTMLEscapedText(text), 10);
+  EXPECT_EQ(element->GetPlainText(text), 11);
+  EXPECT_EQ(element->AddAttribute("", ""), 12);
+  EXPECT_EQ(element->GetAttribute("", nullptr), 13);
+  EXPECT_EQ(element->GetAttributes(nullptr), 14);
+  EXPECT_EQ(element->AddChild(nullptr), 15);
+  EXPECT_EQ(element->RemoveChild(nullptr), 16);
+  EXPECT_EQ(element->GetChild("", nullptr), 17);
+  EXPECT_EQ(element->GetChildren("", "", "", nullptr), 18);
+  EXPECT_EQ(element->GetImmediateChildren("", "", "", nullptr), 19);
+  EXPECT_EQ(element->FirstChild(nullptr), 20);
+  EXPECT_EQ(element->FirstChild("", "", "", nullptr), 21);
+}
+
+TEST(CallerSlotsTest, XMLElementEnum) {
+  SlotTeller<IOXAXMLElementEnum> enumerator;
+  EXPECT_EQ(enumerator->GetFirst(nullptr), 4);
+  EXPECT_EQ(enumerator->GetNext(nullptr), 5);
+  EXPECT_EQ(enumerator->Count(), 6);
+}
+
+TEST(CallerSlotsTest, XMLAttributeEnum) {
+  SlotTeller<IOXAXMLAttributeEnum> enumerator;
+  EXPECT_EQ(enumerator->GetFirst(nullptr, nullptr), 4);
+  EXPECT_EQ(enumerator->GetNext(nullptr, nullptr), 5);
+}
+
+TEST(CallerSlotsTest, XMLDocument) {
+  SlotTeller<IOXAXMLDocument> document;
+  EXPECT_EQ(document->CreateElement("", nullptr), 4);
+  EXPECT_EQ(document->Open(L""), 5);
+  EXPECT_EQ(document->SetBuffer(""), 6);
+  EXPECT_EQ(document->Serialize(L""), 7);
+  EXPECT_EQ(document->Parse(), 8);
+  EXPECT_EQ(document->GetElementByID("", nullptr), 9);
+  EXPECT_EQ(document->GetElementEnumByName("", nullptr), 10);
+  EXPECT_EQ(document->GetElementEnumByKeyValue("", "", nullptr), 11);
+  EXPECT_EQ(document->GetElementEnumByNameKeyValue("", "", "", nullptr), 12);
+  EXPECT_EQ(document->SetRoot(nullptr), 13);
+  EXPECT_EQ(document->GetRoot(nullptr), 14);
+}
+
+TEST(CallerSlotsTest, XMLParser) {
+  SlotTeller<IOXAXMLParser> parser;
+  EXPECT_EQ(parser->CreateDocument(L"", nullptr), 4);
+  EXPECT_EQ(parser->CreateDocumentFromBuffer("", nullptr), 5);
+  EXPECT_EQ(parser->CreateEmptyDocument(nullptr), 6);
 }
 
 }  // namespace

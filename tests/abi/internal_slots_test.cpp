@@ -9,6 +9,7 @@
 #include "core/OXAListEnum.h"
 #include "plugins/OXAPluginLoader.h"
 #include "support/allocations.h"
+#include "xml/oxa_xml_tokenizer.h"
 
 using namespace oxa_test;
 
@@ -83,6 +84,21 @@ TEST(InternalSlotsTest, ThePrimaryTableOfTheLoaderHasTheDestructorsBeforeItsOper
   EXPECT_EQ(call_slot<OXAResult>(object, 7, static_cast<const wchar_t*>(nullptr)), E_INVALIDARG);
   EXPECT_EQ(call_slot<OXAResult>(object, 8, L"/not/there"), E_NOTFOUND);
   EXPECT_EQ(call_slot<OXAResult>(object, 9), S_OK);
+}
+
+TEST(InternalSlotsTest, TheTokenizerHasGetcAndItsDestructors) {
+  const long before = live_allocations();
+  int result = E_FAIL;
+  void* tokenizer = new oxa_xml_tokenizer("ab", nullptr, result);
+  EXPECT_EQ(call_slot<int>(tokenizer, 1), 'a');
+  EXPECT_EQ(call_slot<int>(tokenizer, 1), 'b');
+  EXPECT_EQ(call_slot<int>(tokenizer, 1), -1);
+  call_slot<void>(tokenizer, 2);  // the complete destructor
+  EXPECT_EQ(live_allocations(), before + 1);
+  operator delete(tokenizer);
+  tokenizer = new oxa_xml_tokenizer("ab", nullptr, result);
+  call_slot<void>(tokenizer, 3);  // the deleting destructor
+  EXPECT_EQ(live_allocations(), before);
 }
 
 }  // namespace

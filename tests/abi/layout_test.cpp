@@ -133,6 +133,8 @@ TEST(IdEqualityTest, FactoriesAndServicesIgnorePadding) {
   oxa::Ref<IOXADebugMessage> sink;
   EXPECT_EQ(OXACreateContext(with_padding(IID_IOXAContext), oxa::adopt_into(context)), S_FALSE);
   EXPECT_EQ(context->GetInterface(with_padding(IID_IOXADebugMessage), oxa::adopt_into(sink)), S_OK);
+  oxa::Ref<IOXAXMLParser> parser;
+  EXPECT_EQ(OXACreateXMLParser(with_padding(IID_IOXAXMLParser), oxa::adopt_into(parser)), S_OK);
 }
 
 TEST(FactoryTest, ANullOutputComesBeforeAForeignId) {
@@ -141,6 +143,7 @@ TEST(FactoryTest, ANullOutputComesBeforeAForeignId) {
   EXPECT_EQ(OXACreateInterfaceEnum(&list, false, IID_IOXAPlugin, nullptr), E_INVALIDARG);
   EXPECT_EQ(OXACreateInterfaceEnum(nullptr, false, IID_IOXAPlugin, nullptr), E_INVALIDARG);
   EXPECT_EQ(OXACreatePluginLoader(nullptr, nullptr), E_INVALIDARG);
+  EXPECT_EQ(OXACreateXMLParser(IID_IOXAPlugin, nullptr), E_INVALIDARG);
 }
 
 TEST(FactoryTest, AForeignIdIsRefusedWithANullOutput) {
@@ -150,6 +153,9 @@ TEST(FactoryTest, AForeignIdIsRefusedWithANullOutput) {
   EXPECT_EQ(out, nullptr);
   out = &list;
   EXPECT_EQ(OXACreateInterfaceEnum(nullptr, false, IID_IOXAPlugin, &out), E_NOINTERFACE);
+  EXPECT_EQ(out, nullptr);
+  out = &list;
+  EXPECT_EQ(OXACreateXMLParser(IID_IOXAPlugin, &out), E_NOINTERFACE);
   EXPECT_EQ(out, nullptr);
 }
 
@@ -163,6 +169,9 @@ TEST(FactoryTest, WhatAFactoryMadeHasOneReferenceOfTheCaller) {
   OXAInterfaceList list;
   oxa::Ref<IOXAInterfaceEnum> enumerator;
   oxa::Ref<IOXAContext> context;
+  oxa::Ref<IOXAXMLParser> parser;
+  OXACreateXMLParser(IID_IOXAXMLParser, oxa::adopt_into(parser));
+  EXPECT_EQ(parser->CheckReference(), 1);
   OXACreateInterfaceEnum(&list, false, IID_IOXAInterfaceEnum, oxa::adopt_into(enumerator));
   OXACreateContext(IID_IOXAContext, oxa::adopt_into(context));
   EXPECT_EQ(enumerator->CheckReference(), 1);

@@ -24,6 +24,7 @@ const Step steps[] = {
     {IID_IOXADebugMessage, ""},
     {IID_IOXAProgressIndicator, "ERROR: Unable to add ProgressIndicator to the context.\n"},
     {IID_IOXADirectoryScanner, "ERROR: Unable to add DirectoryScanner() to the context.\n"},
+    {IID_IOXAXMLParser, "ERROR: Unable to add XMLParser() to the context.\n"},
     {IID_IOXAInterfaceManager, "ERROR: Unable to add Interface Manager to the context.\n"},
     {IID_IOXAPluginLoader, "ERROR: Unable to create plugin loader interface...\n"},
 };
@@ -45,6 +46,7 @@ TEST(DefaultServicesTest, BelongToTheContextAlone) {
   };
   EXPECT_EQ(count(IID_IOXAProgressIndicator), 1);
   EXPECT_EQ(count(IID_IOXADirectoryScanner), 1);
+  EXPECT_EQ(count(IID_IOXAXMLParser), 1);
   EXPECT_EQ(count(IID_IOXAPluginLoader), 1);
   // The loader has a reference of its own to each of these.
   EXPECT_EQ(count(IID_IOXADebugMessage), 2);
@@ -78,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(EachStep, DefaultServicesFailureTest,
                          testing::Range<std::size_t>(0, std::size(steps)));
 
 TEST(DefaultServicesTest, AFailedAllocationStopsInSilence) {
-  for (unsigned long passing = 1; passing < 4; ++passing) {  // 0 is the context itself
+  for (unsigned long passing = 1; passing < 6; ++passing) {  // 0 is the context itself
     OXAResult result = S_OK;
     void* out = nullptr;
     const auto written = written_by([&] {

@@ -6,6 +6,7 @@
 
 #include <cstdarg>
 #include <cstdio>
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -58,12 +59,14 @@ class RecordingSink final : public oxa::Implements<IOXADebugMessage> {
   }
 
   std::vector<std::string> lines;
+  std::function<void()> on_message = [] {};  // runs after each line
 
  private:
   void record(std::string line, const char* format, va_list arguments) {
     char text[1000] = "";
     std::vsnprintf(text, sizeof text, format, arguments);
     lines.push_back(line += text);
+    on_message();
   }
 };
 

@@ -23,7 +23,7 @@ class OXAReference : public IOXAReference {
   // The value comes from the decrement itself, so exactly one caller sees 0 and destroys the
   // object.
   std::int64_t ReleaseReference() override {
-    const std::int64_t left = count_.fetch_sub(1, std::memory_order_acq_rel) - 1;
+    const std::int64_t left = drop_reference();
     if (left == 0) {
       destroy();
     }
@@ -33,6 +33,12 @@ class OXAReference : public IOXAReference {
   std::int64_t CheckReference() override { return count_.load(std::memory_order_relaxed); }
 
   virtual ~OXAReference() = default;
+
+ protected:
+  explicit OXAReference(std::int64_t count) : count_(count) {}
+
+  // Drops one reference without destroying the object: on 0 that is up to the caller.
+  std::int64_t drop_reference() { return count_.fetch_sub(1, std::memory_order_acq_rel) - 1; }
 
  private:
   // Out of line: g++ 12 takes an inlined deletion for that of an OXAReference itself, and warns

@@ -20,7 +20,7 @@ class Counted : public First, public Second {
   std::int64_t CheckReference() override { return OXAReference::CheckReference(); }
 
  protected:
-  Counted() { OXAReference::AddReference(); }
+  Counted() : OXAReference(1) {}
   ~Counted() override = default;
 };
 

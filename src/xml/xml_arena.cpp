@@ -1,0 +1,25 @@
+#include "xml/xml_arena.h"
+
+#include <new>
+
+#include "xml/large_memory.h"
+
+namespace oxa {
+
+char* xml_arena::add_chunk(std::size_t& bytes) {
+  std::size_t size = header + bytes;
+  void* const memory = allocate_large(size);
+  chunks_ = new (memory) chunk{chunks_, size};
+  bytes = size - header;
+  return static_cast<char*>(memory) + header;
+}
+
+xml_arena::~xml_arena() {
+  while (chunks_ != nullptr) {
+    chunk* const previous = chunks_->previous;
+    free_large(chunks_, chunks_->bytes);
+    chunks_ = previous;
+  }
+}
+
+}  // namespace oxa
