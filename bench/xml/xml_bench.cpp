@@ -126,6 +126,7 @@ struct subject {
 
   const xml_document& document() const { return from.document(); }
   tree_pointer parsed() const { return library.parse(document().text); }
+  tree_pointer parsed_file(const std::string& path) const { return library.parse_file(path); }
 
   // Makes ready for taking about as much memory as the trees of large documents do.
   void expect_tree() const {
@@ -170,7 +171,7 @@ void parse_file(const subject& of) {
   const std::string path = of.from.file();
   of.expect_tree();
   of.measure([] { return tree_pointer(); },
-             [&](tree_pointer& tree) { of.check(tree = of.library.parse_file(path)); });
+             [&](tree_pointer& tree) { of.check(tree = of.parsed_file(path)); });
 }
 
 void find_first(const subject& of) {
