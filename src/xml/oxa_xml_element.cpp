@@ -9,7 +9,7 @@
 #include "xml/attempt.h"
 #include "xml/oxa_xml_enums.h"
 
-using oxa::xml_string;
+using oxa::thin_string;
 
 oxa_xml_element::oxa_xml_element(int& result) { result = S_OK; }
 
@@ -26,26 +26,26 @@ oxa_xml_element::oxa_xml_element(const char* name, const char* text, int& result
   result = E_INVALIDARG;
   if (name != nullptr && text != nullptr) {
     set_name(name);
-    text_ = xml_string(text);
+    text_ = thin_string(text);
     result = S_OK;
   }
 }
 
 oxa_xml_element::oxa_xml_element(oxa::xml_builder& builder, std::string_view name)
-    : name_(xml_string::borrow(builder.copy_name(name).text)), arena_(builder.arena()) {
+    : name_(thin_string::borrow(builder.copy_name(name).text)), arena_(builder.arena()) {
   if (name == "xml") {
     add_version();
   }
 }
 
 void oxa_xml_element::set_name(const char* name) {
-  name_ = xml_string(name);
+  name_ = thin_string(name);
   if (oxa::same_text(name, "xml")) {
     add_version();
   }
 }
 
-void oxa_xml_element::add_version() { attribute("version").value = xml_string("1.0"); }
+void oxa_xml_element::add_version() { attribute("version").value = thin_string("1.0"); }
 
 const char* oxa_xml_element::Name() { return name_.data(); }
 
@@ -54,7 +54,7 @@ OXAResult oxa_xml_element::SetName(const char* name) {
     if (name == nullptr) {
       return E_INVALIDARG;
     }
-    name_ = xml_string(name);
+    name_ = thin_string(name);
     return S_OK;
   });
 }
@@ -64,7 +64,7 @@ OXAResult oxa_xml_element::SetText(const char* text) {
     if (text == nullptr) {
       return E_INVALIDARG;
     }
-    text_ = xml_string(text);
+    text_ = thin_string(text);
     return S_OK;
   });
 }
@@ -105,7 +105,7 @@ oxa::xml_attribute& oxa_xml_element::attribute(const char* key) {
   if (oxa::xml_attribute* found = attributes_.find(key)) {
     return *found;
   }
-  xml_string added(key);
+  thin_string added(key);
   attributes_.reserve(1, nullptr);
   return attributes_.append(std::move(added), {});
 }
@@ -115,7 +115,7 @@ OXAResult oxa_xml_element::AddAttribute(const char* key, const char* value) {
     if (key == nullptr || value == nullptr) {
       return E_UNEXPECTED;
     }
-    xml_string copy(value);
+    thin_string copy(value);
     attribute(key).value = std::move(copy);
     return S_OK;
   });
@@ -190,7 +190,7 @@ OXAResult oxa_xml_element::FirstChild(IOXAXMLElement** out) {
 }
 
 void oxa_xml_element::parsed_text(oxa::xml_builder& builder, std::string_view text) {
-  text_ = xml_string::borrow(text.empty() ? nullptr : builder.copy(text));
+  text_ = thin_string::borrow(text.empty() ? nullptr : builder.copy(text));
 }
 
 void oxa_xml_element::parsed_attributes(oxa::xml_builder& builder,
@@ -198,13 +198,13 @@ void oxa_xml_element::parsed_attributes(oxa::xml_builder& builder,
   attributes_.reserve(attributes.size(), &builder);
   for (const auto& [key, value] : attributes) {
     const auto [copied_key, known] = builder.copy_name(key);
-    xml_string copied_value = xml_string::borrow(value.empty() ? nullptr : builder.copy(value));
+    thin_string copied_value = thin_string::borrow(value.empty() ? nullptr : builder.copy(value));
     oxa::xml_attribute* const found =
         known ? attributes_.find_known(copied_key) : attributes_.find(copied_key);
     if (found != nullptr) {
       found->value = std::move(copied_value);
     } else {
-      attributes_.append(xml_string::borrow(copied_key), std::move(copied_value));
+      attributes_.append(thin_string::borrow(copied_key), std::move(copied_value));
     }
   }
 }
@@ -240,26 +240,26 @@ void oxa_xml_element::drop_children(oxa_xml_element*& dead) {
 void oxa_xml_element::operator delete(oxa_xml_element* element, std::destroying_delete_t) {
   delete element->scratch_;
   element->next_dead_ = nullptr;
-  oxa::xml_arena* arena = nullptr;
+  oxa::object_arena* arena = nullptr;
   std::int64_t gone = 0;
   for (oxa_xml_element* dead = element; dead != nullptr;) {
     oxa_xml_element* const ending = dead;
     dead = ending->next_dead_;
     ending->scratch_ = nullptr;
     ending->drop_children(dead);
-    oxa::xml_arena* const home = ending->arena_;
+    oxa::object_arena* const home = ending->arena_;
     ending->~oxa_xml_element();
     if (home == nullptr) {
       ::operator delete(ending);
       continue;
     }
     if (home != arena && arena != nullptr) {
-      arena->remove_elements(std::exchange(gone, 0));
+      arena->remove_objects(std::exchange(gone, 0));
     }
     arena = home;
     ++gone;
   }
   if (arena != nullptr) {
-    arena->remove_elements(gone);
+    arena->remove_objects(gone);
   }
 }

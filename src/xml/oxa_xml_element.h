@@ -13,11 +13,11 @@
 #include <string_view>
 #include <vector>
 
-#include "xml/xml_arena.h"
+#include "core/object_arena.h"
+#include "core/thin_string.h"
 #include "xml/xml_array.h"
 #include "xml/xml_attributes.h"
 #include "xml/xml_builder.h"
-#include "xml/xml_string.h"
 
 class oxa_xml_element final : public oxa::Implements<IOXAXMLElement> {
  public:
@@ -112,15 +112,15 @@ class oxa_xml_element final : public oxa::Implements<IOXAXMLElement> {
   // Drops the children; those whose last reference that was join the list `dead`.
   void drop_children(oxa_xml_element*& dead);
 
-  oxa::xml_string name_;
-  oxa::xml_string text_;
+  oxa::thin_string name_;
+  oxa::thin_string text_;
   // What GetHTMLEscapedText and GetPlainText point into. In an element whose last reference is gone
   // and whose turn to end has not come, the next such element.
   union {
     std::string* scratch_ = nullptr;
     oxa_xml_element* next_dead_;
   };
-  oxa::xml_arena* arena_ = nullptr;
+  oxa::object_arena* arena_ = nullptr;
   oxa::xml_attributes attributes_;
   oxa::xml_array<oxa_xml_element*, no_tail> children_;
 };

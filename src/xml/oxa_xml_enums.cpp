@@ -36,7 +36,7 @@ OXAResult oxa_xml_element_enum::GetNext(IOXAXMLElement** out) {
 unsigned long oxa_xml_element_enum::Count() { return elements_.size(); }
 
 oxa_xml_attribute_enum::oxa_xml_attribute_enum(const oxa::xml_attributes& attributes) {
-  const auto copy = [this](const oxa::xml_string& text) {
+  const auto copy = [this](const oxa::thin_string& text) {
     const std::size_t begin = texts_.size();
     texts_.append(text.c_str()).push_back('\0');
     return begin;

@@ -8,7 +8,7 @@
 #include "xml/oxa_xml_element.h"
 #include "xml/oxa_xml_enums.h"
 
-using oxa::xml_string;
+using oxa::thin_string;
 
 namespace {
 
@@ -119,18 +119,18 @@ class oxa_xml_element::query {
   }
 
  private:
-  xml_string key() {
+  thin_string key() {
     if (shared_key_ == nullptr) {
-      shared_key_ = oxa::xml_shared_text::create(key_);
+      shared_key_ = oxa::shared_text::create(key_);
     }
     shared_key_->add_references(1);
-    return xml_string::share(shared_key_);
+    return thin_string::share(shared_key_);
   }
 
   const char* name_;
   const char* key_;
   const char* value_;
-  oxa::xml_shared_text* shared_key_ = nullptr;
+  oxa::shared_text* shared_key_ = nullptr;
 };
 
 namespace {

@@ -8,9 +8,9 @@
 #include <stdexcept>
 #include <string>
 
+#include "core/thin_string.h"
 #include "core/utf.h"
 #include "xml/xml_characters.h"
-#include "xml/xml_string.h"
 
 // The assertions below stop the process in every build.
 #undef NDEBUG

@@ -7,8 +7,8 @@
 #include <memory>
 #include <string_view>
 
+#include "core/large_memory.h"
 #include "xml/input_file.h"
-#include "xml/large_memory.h"
 
 // Reads a copy of a buffer, or a file, with a look-ahead of three characters. Texts that do not fit
 // are cut, with a message to the sink for each character dropped. A `/` or `?` that is not followed

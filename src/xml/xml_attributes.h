@@ -5,14 +5,14 @@
 #include <cstdint>
 #include <utility>
 
+#include "core/thin_string.h"
 #include "xml/xml_array.h"
-#include "xml/xml_string.h"
 
 namespace oxa {
 
 struct xml_attribute {
-  xml_string key;
-  xml_string value;
+  thin_string key;
+  thin_string value;
 };
 
 // Attributes in the order in which they were added, each key once. Elements with many find them
@@ -50,7 +50,7 @@ class xml_attributes {
   }
 
   // Appends an attribute whose key is not there yet, without allocating: reserve has made room.
-  xml_attribute& append(xml_string key, xml_string value) {
+  xml_attribute& append(thin_string key, thin_string value) {
     xml_attribute& added = items_.append({std::move(key), std::move(value)});
     if (indexed()) {
       slot(added.key.c_str()) = static_cast<std::uint32_t>(items_.count());

@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "xml/large_memory.h"
+#include "core/large_memory.h"
 #include "xml/oxa_xml_tokenizer.h"
 
 namespace oxa {
@@ -27,11 +27,11 @@ std::size_t xml_builder::expected_bytes() const {
 void xml_builder::add_chunk(std::size_t bytes) {
   constexpr std::size_t step = alignof(std::max_align_t);
   if (arena_ == nullptr) {
-    arena_ = xml_arena::create();
+    arena_ = object_arena::create();
   }
   std::size_t size = expected_bytes();
   // Whole huge pages, as far as they go; a smaller chunk follows.
-  const std::size_t total = size + xml_arena::header;
+  const std::size_t total = size + object_arena::header;
   size -= total > huge_page ? total % huge_page : 0;
   size = (std::max(size, bytes) + step - 1) / step * step;
   front_ = arena_->add_chunk(size);

@@ -10,9 +10,9 @@
 #include <string_view>
 #include <utility>
 
-#include "xml/xml_arena.h"
+#include "core/object_arena.h"
+#include "core/thin_string.h"
 #include "xml/xml_characters.h"
-#include "xml/xml_string.h"
 
 class oxa_xml_tokenizer;
 
@@ -40,7 +40,7 @@ class xml_builder {
   }
 
   // The arena of what was made so far, null if that is nothing.
-  xml_arena* arena() const { return arena_; }
+  object_arena* arena() const { return arena_; }
 
   // Gives room for an element and counts it as made. Throws std::bad_alloc.
   void* add_element(std::size_t bytes) {
@@ -52,7 +52,7 @@ class xml_builder {
   void undo_element() { --made_; }
 
   // Copy texts of a source, from the begin of which at least 16 bytes can be read; the copy is
-  // terminated and begins at a multiple of xml_string::alignment. copy_name is for what documents
+  // terminated and begins at a multiple of thin_string::alignment. copy_name is for what documents
   // repeat. Throw std::bad_alloc.
   char* copy(std::string_view text);
   name_copy copy_name(std::string_view name);
@@ -93,7 +93,7 @@ class xml_builder {
   void add_chunk(std::size_t bytes);
 
   const oxa_xml_tokenizer& source_;
-  xml_arena* arena_ = nullptr;
+  object_arena* arena_ = nullptr;
   std::int64_t made_ = 0;
   // What is free of the newest chunk: texts grow from its front, objects from its back.
   char* front_ = nullptr;
@@ -105,7 +105,7 @@ class xml_builder {
 };
 
 inline char* xml_builder::copy(std::string_view text) {
-  constexpr std::size_t step = xml_string::alignment;
+  constexpr std::size_t step = thin_string::alignment;
   const std::size_t bytes = (text.size() / step + 1) * step;
   // A short text is copied as a whole vector, the rest of which is overwritten later.
   const std::size_t room = std::max(bytes, vector_bytes);

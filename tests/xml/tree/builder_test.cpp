@@ -44,7 +44,7 @@ TEST_F(XmlBuilderTest, TakesNoMemoryBeforeItMakesSomething) {
 
 TEST_F(XmlBuilderTest, ItsElementsOutliveIt) {
   const long before = oxa_test::live_allocations();
-  oxa::xml_arena* arena = nullptr;
+  oxa::object_arena* arena = nullptr;
   {
     oxa_test::Building building;
     xml_builder& builder = building.builder;
@@ -54,7 +54,7 @@ TEST_F(XmlBuilderTest, ItsElementsOutliveIt) {
     arena = builder.arena();
   }
   EXPECT_GT(oxa_test::live_allocations(), before);
-  arena->remove_elements(1);
+  arena->remove_objects(1);
   EXPECT_EQ(oxa_test::live_allocations(), before);
 }
 
@@ -68,7 +68,7 @@ TEST_F(XmlBuilderTest, CopiesAreTerminatedAlignedAndApart) {
   }
   for (std::size_t length = 0; length < copies.size(); ++length) {
     ASSERT_EQ(copies[length], text(length));
-    ASSERT_EQ(reinterpret_cast<std::uintptr_t>(copies[length]) % oxa::xml_string::alignment, 0U);
+    ASSERT_EQ(reinterpret_cast<std::uintptr_t>(copies[length]) % oxa::thin_string::alignment, 0U);
   }
 }
 
@@ -88,7 +88,7 @@ TEST_F(XmlBuilderTest, TextsAndObjectsAreApart) {
   for (auto room = rooms.begin(), next = std::next(room); next != rooms.end(); ++room, ++next) {
     EXPECT_GE(*next - *room, 72);
   }
-  builder_.arena()->remove_elements(1000);
+  builder_.arena()->remove_objects(1000);
 }
 
 TEST_F(XmlBuilderTest, CopiesMayBeLargerThanAnyChunk) {

@@ -1,5 +1,5 @@
-// The memory that the elements of one parse share.
-#include "xml/xml_arena.h"
+// The memory that many objects share.
+#include "core/object_arena.h"
 
 #include <gtest/gtest.h>
 
@@ -9,14 +9,14 @@
 
 #include "support/allocations.h"
 
-using oxa::xml_arena;
+using oxa::object_arena;
 
 namespace {
 
 // An arena with a chunk, and the number of allocations that were alive before it.
-class XmlArenaTest : public testing::Test {
+class ObjectArenaTest : public testing::Test {
  protected:
-  XmlArenaTest() { add_chunk(1000); }
+  ObjectArenaTest() { add_chunk(1000); }
 
   char* add_chunk(std::size_t bytes) {
     const std::size_t asked = bytes;
@@ -29,38 +29,38 @@ class XmlArenaTest : public testing::Test {
   bool all_freed() const { return oxa_test::live_allocations() == before_; }
 
   long before_ = oxa_test::live_allocations();
-  xml_arena* arena_ = xml_arena::create();
+  object_arena* arena_ = object_arena::create();
 };
 
-TEST_F(XmlArenaTest, EndsWithAParseThatMadeNoElement) {
+TEST_F(ObjectArenaTest, EndsWithABuilderThatMadeNothing) {
   arena_->finish(0);
   EXPECT_TRUE(all_freed());
 }
 
-TEST_F(XmlArenaTest, LivesOnForItsElements) {
+TEST_F(ObjectArenaTest, LivesOnForItsObjects) {
   arena_->finish(3);
-  arena_->remove_elements(1);
+  arena_->remove_objects(1);
   EXPECT_FALSE(all_freed());
-  arena_->remove_elements(2);
+  arena_->remove_objects(2);
   EXPECT_TRUE(all_freed());
 }
 
-TEST_F(XmlArenaTest, OutlivesElementsThatEndDuringTheParse) {
-  arena_->remove_elements(1);
+TEST_F(ObjectArenaTest, OutlivesObjectsThatEndWhileItIsBuilt) {
+  arena_->remove_objects(1);
   EXPECT_FALSE(all_freed());
   arena_->finish(2);
   EXPECT_FALSE(all_freed());
-  arena_->remove_elements(1);
+  arena_->remove_objects(1);
   EXPECT_TRUE(all_freed());
 }
 
-TEST_F(XmlArenaTest, EndsWithAParseWhoseElementsAreGone) {
-  arena_->remove_elements(2);
+TEST_F(ObjectArenaTest, EndsWithABuilderWhoseObjectsAreGone) {
+  arena_->remove_objects(2);
   arena_->finish(2);
   EXPECT_TRUE(all_freed());
 }
 
-TEST_F(XmlArenaTest, FreesEveryChunk) {
+TEST_F(ObjectArenaTest, FreesEveryChunk) {
   for (const std::size_t bytes : {100U, 10000U, 1000000U, 5000000U, 16U}) {
     add_chunk(bytes);
   }
@@ -68,12 +68,12 @@ TEST_F(XmlArenaTest, FreesEveryChunk) {
   EXPECT_TRUE(all_freed());
 }
 
-TEST_F(XmlArenaTest, ElementsEndOnAnyThread) {
+TEST_F(ObjectArenaTest, ObjectsEndOnAnyThread) {
   constexpr int count = 1000;
   arena_->finish(std::int64_t{2} * count);
   const auto remove = [this] {
     for (int i = 0; i < count; ++i) {
-      arena_->remove_elements(1);
+      arena_->remove_objects(1);
     }
   };
   std::thread other(remove);

@@ -1,5 +1,5 @@
-// The strings of a tree.
-#include "xml/xml_string.h"
+// Strings in one word.
+#include "core/thin_string.h"
 
 #include <gtest/gtest.h>
 
@@ -8,26 +8,26 @@
 
 #include "support/allocations.h"
 
-using oxa::xml_shared_text;
-using oxa::xml_string;
+using oxa::shared_text;
+using oxa::thin_string;
 
 namespace {
 
-TEST(XmlStringTest, EmptyHasNoDataAndTakesNoMemory) {
+TEST(ThinStringTest, EmptyHasNoDataAndTakesNoMemory) {
   const unsigned long before = oxa_test::made_allocations();
-  const xml_string strings[] = {xml_string(), xml_string(""), xml_string::borrow(nullptr)};
+  const thin_string strings[] = {thin_string(), thin_string(""), thin_string::borrow(nullptr)};
   EXPECT_EQ(oxa_test::made_allocations(), before);
-  for (const xml_string& string : strings) {
+  for (const thin_string& string : strings) {
     EXPECT_TRUE(string.empty());
     EXPECT_EQ(string.data(), nullptr);
     EXPECT_STREQ(string.c_str(), "");
   }
 }
 
-TEST(XmlStringTest, CopiesToTheHeap) {
+TEST(ThinStringTest, CopiesToTheHeap) {
   for (const std::size_t length : {1U, 2U, 3U, 4U, 5U, 100U, 100000U}) {
     std::string text(length, 'x');
-    const xml_string copy(text);
+    const thin_string copy(text);
     text[0] = 'y';
     EXPECT_FALSE(copy.empty());
     EXPECT_EQ(copy.c_str(), std::string(length, 'x'));
@@ -35,29 +35,29 @@ TEST(XmlStringTest, CopiesToTheHeap) {
   }
 }
 
-TEST(XmlStringTest, BorrowsWithoutFreeing) {
-  alignas(xml_string::alignment) char text[] = "text";
+TEST(ThinStringTest, BorrowsWithoutFreeing) {
+  alignas(thin_string::alignment) char text[] = "text";
   {
-    const xml_string borrowed = xml_string::borrow(text);
+    const thin_string borrowed = thin_string::borrow(text);
     EXPECT_EQ(borrowed.data(), text);
     EXPECT_EQ(borrowed.c_str(), text);
   }
   EXPECT_STREQ(text, "text");
 }
 
-TEST(XmlStringTest, BorrowedEmptyHasNoData) {
-  alignas(xml_string::alignment) char text[] = "";
-  EXPECT_EQ(xml_string::borrow(text).data(), nullptr);
-  EXPECT_TRUE(xml_string::borrow(text).empty());
+TEST(ThinStringTest, BorrowedEmptyHasNoData) {
+  alignas(thin_string::alignment) char text[] = "";
+  EXPECT_EQ(thin_string::borrow(text).data(), nullptr);
+  EXPECT_TRUE(thin_string::borrow(text).empty());
 }
 
-TEST(XmlStringTest, SharesUntilTheLastOneIsGone) {
+TEST(ThinStringTest, SharesUntilTheLastOneIsGone) {
   const long before = oxa_test::live_allocations();
-  xml_shared_text* const text = xml_shared_text::create("shared");
+  shared_text* const text = shared_text::create("shared");
   text->add_references(2);
   {
-    const xml_string one = xml_string::share(text);
-    const xml_string two = xml_string::share(text);
+    const thin_string one = thin_string::share(text);
+    const thin_string two = thin_string::share(text);
     EXPECT_EQ(one.c_str(), two.c_str());
     EXPECT_STREQ(one.data(), "shared");
   }
@@ -66,30 +66,30 @@ TEST(XmlStringTest, SharesUntilTheLastOneIsGone) {
   EXPECT_EQ(oxa_test::live_allocations(), before);
 }
 
-TEST(XmlStringTest, AnEmptySharedTextHasNoData) {
-  const xml_string shared = xml_string::share(xml_shared_text::create(""));
+TEST(ThinStringTest, AnEmptySharedTextHasNoData) {
+  const thin_string shared = thin_string::share(shared_text::create(""));
   EXPECT_EQ(shared.data(), nullptr);
   EXPECT_STREQ(shared.c_str(), "");
 }
 
-TEST(XmlStringTest, MovesWithoutMovingItsCharacters) {
-  xml_string from("text");
+TEST(ThinStringTest, MovesWithoutMovingItsCharacters) {
+  thin_string from("text");
   const char* const characters = from.c_str();
-  xml_string to(std::move(from));
+  thin_string to(std::move(from));
   EXPECT_EQ(to.c_str(), characters);
-  xml_string other("other");
+  thin_string other("other");
   other = std::move(to);
   EXPECT_EQ(other.c_str(), characters);
 }
 
-TEST(XmlStringTest, AssignmentFreesWhatWasThere) {
+TEST(ThinStringTest, AssignmentFreesWhatWasThere) {
   const long before = oxa_test::live_allocations();
-  xml_string string("text");
-  string = xml_string("another");
+  thin_string string("text");
+  string = thin_string("another");
   EXPECT_EQ(oxa_test::live_allocations(), before + 1);
-  string = xml_string::share(xml_shared_text::create("shared"));
+  string = thin_string::share(shared_text::create("shared"));
   EXPECT_EQ(oxa_test::live_allocations(), before + 1);
-  string = xml_string();
+  string = thin_string();
   EXPECT_EQ(oxa_test::live_allocations(), before);
 }
 

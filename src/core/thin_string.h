@@ -1,4 +1,4 @@
-// The strings of an XML tree.
+// Strings in one word.
 #pragma once
 
 #include <atomic>
@@ -16,7 +16,7 @@ inline void copy_terminated(std::string_view text, char* to) {
   to[text.size()] = '\0';
 }
 
-// Most keys and names differ in their first two characters.
+// Most names differ in their first two characters.
 inline bool same_text(const char* left, const char* right) {
   return left[0] == right[0] && (left[0] == '\0' || left[1] == right[1]) &&
          std::strcmp(left, right) == 0;
@@ -33,10 +33,10 @@ inline bool same_text(const char* left, std::string_view right) {
 }
 
 // A text on the heap that several strings share: the key that a query leaves on many elements.
-class xml_shared_text {
+class shared_text {
  public:
   // Makes a text with one reference, the caller's. Throws std::bad_alloc.
-  static xml_shared_text* create(std::string_view text);
+  static shared_text* create(std::string_view text);
 
   void add_references(std::uint32_t count) {
     references_.fetch_add(count, std::memory_order_relaxed);
@@ -46,36 +46,36 @@ class xml_shared_text {
   char* text() { return reinterpret_cast<char*>(this + 1); }
 
  private:
-  xml_shared_text() = default;
+  shared_text() = default;
 
   std::atomic<std::uint32_t> references_{1};
 };
 
 // A terminated string in one word. Its characters lie on the heap, in a shared text, or in an arena
 // that outlives it; they stay where they are until the string changes.
-class xml_string {
+class thin_string {
  public:
   // Texts in an arena begin at a multiple of this, which leaves room for the kind.
   static constexpr std::size_t alignment = 4;
 
-  xml_string() = default;
+  thin_string() = default;
   // Copies to the heap. Throws std::bad_alloc.
-  explicit xml_string(std::string_view text);
-  xml_string(xml_string&& other) noexcept : tagged_(std::exchange(other.tagged_, nullptr)) {}
-  xml_string& operator=(xml_string&& other) noexcept {
+  explicit thin_string(std::string_view text);
+  thin_string(thin_string&& other) noexcept : tagged_(std::exchange(other.tagged_, nullptr)) {}
+  thin_string& operator=(thin_string&& other) noexcept {
     std::swap(tagged_, other.tagged_);
     return *this;
   }
-  ~xml_string() {
+  ~thin_string() {
     if (on_heap()) {
       free();
     }
   }
 
   // Refers to a terminated text in an arena, or to nothing.
-  static xml_string borrow(char* text) { return xml_string(text, borrowed); }
+  static thin_string borrow(char* text) { return thin_string(text, borrowed); }
   // Takes over one reference to a shared text.
-  static xml_string share(xml_shared_text* text) { return xml_string(text, shared); }
+  static thin_string share(shared_text* text) { return thin_string(text, shared); }
 
   // Returns the characters, null when there are none.
   char* data() const {
@@ -93,14 +93,14 @@ class xml_string {
   // Where the characters lie; kept in the low bits of the pointer.
   enum kind : unsigned { borrowed = 0, owned = 1, shared = 2 };
 
-  xml_string(void* block, kind what) : tagged_(static_cast<char*>(block) + what) {}
+  thin_string(void* block, kind what) : tagged_(static_cast<char*>(block) + what) {}
 
   unsigned tag() const { return reinterpret_cast<std::uintptr_t>(tagged_) % alignment; }
   char* block() const { return tagged_ - tag(); }
-  xml_shared_text* shared_text() const {
-    return static_cast<xml_shared_text*>(static_cast<void*>(block()));
+  shared_text* shared_block() const {
+    return static_cast<shared_text*>(static_cast<void*>(block()));
   }
-  char* characters() const { return tag() == shared ? shared_text()->text() : block(); }
+  char* characters() const { return tag() == shared ? shared_block()->text() : block(); }
   void free();
 
   char* tagged_ = nullptr;

@@ -1,12 +1,12 @@
-#include "xml/xml_arena.h"
+#include "core/object_arena.h"
 
 #include <new>
 
-#include "xml/large_memory.h"
+#include "core/large_memory.h"
 
 namespace oxa {
 
-char* xml_arena::add_chunk(std::size_t& bytes) {
+char* object_arena::add_chunk(std::size_t& bytes) {
   std::size_t size = header + bytes;
   void* const memory = allocate_large(size);
   chunks_ = new (memory) chunk{chunks_, size};
@@ -14,7 +14,7 @@ char* xml_arena::add_chunk(std::size_t& bytes) {
   return static_cast<char*>(memory) + header;
 }
 
-xml_arena::~xml_arena() {
+object_arena::~object_arena() {
   while (chunks_ != nullptr) {
     chunk* const previous = chunks_->previous;
     free_large(chunks_, chunks_->bytes);
