@@ -6,8 +6,9 @@
 #include <oxa/result.h>
 
 // Lists a folder. Implemented by the library; every context holds one under
-// IID_IOXADirectoryScanner. Serves one caller at a time. Names are wide strings that belong to the
-// scanner and stay valid until the next Scan that is given both arguments, or the scanner's end.
+// IID_IOXADirectoryScanner, where a host may file its own. Serves one caller at a time. Names are
+// wide strings that belong to the scanner and stay valid until the next Scan that is given both
+// arguments, or the scanner's end.
 class IOXADirectoryScanner : public IOXAReference {
  public:
   // Reads the entries of `folder` whose names contain `pattern` without its "*"; matching is

@@ -9,8 +9,8 @@ class IOXAXMLElementEnum;
 
 // A name, a text, attributes in the order in which they were written, and child elements in order.
 // There are no parents, no namespaces, and no text between children: an element that has a text is
-// written without its children. Implemented by the library alone; made by the parser and by
-// IOXAXMLDocument::CreateElement. A tree is used by one thread at a time.
+// written without its children. Implemented by the library, and by a host for documents of its own;
+// made by the parser and by IOXAXMLDocument::CreateElement. A tree is used by one thread at a time.
 //
 // An element owns its children: when it ends, it releases one reference of each. A child that
 // somebody else references goes on living, but not one that RemoveChild takes out; the root ends

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <oxa/IOXAContext.h>
+#include <oxa/IOXADataElement.h>
 #include <oxa/IOXADebugMessage.h>
 #include <oxa/IOXADiagnosticCategoryEnum.h>
 #include <oxa/IOXADirectoryScanner.h>
@@ -9,18 +10,25 @@
 #include <oxa/IOXAInterfaceEnum.h>
 #include <oxa/IOXAInterfaceManager.h>
 #include <oxa/IOXAPlugin.h>
+#include <oxa/IOXAPluginDataTypeNamespace.h>
 #include <oxa/IOXAPluginLoader.h>
 #include <oxa/IOXAProgressIndicator.h>
+#include <oxa/IOXAPropertyDataTypeTranslator.h>
 #include <oxa/IOXAPropertyEnum.h>
 #include <oxa/IOXAReference.h>
+#include <oxa/IOXAUserDefinedDataType.h>
+#include <oxa/IOXAUserDefinedDataTypeManager.h>
 #include <oxa/IOXAXMLAttributeEnum.h>
 #include <oxa/IOXAXMLDocument.h>
 #include <oxa/IOXAXMLElement.h>
 #include <oxa/IOXAXMLElementEnum.h>
 #include <oxa/IOXAXMLParser.h>
+#include <oxa/OXAVariant.h>
+#include <oxa/data_type.h>
 #include <oxa/guid.h>
 #include <oxa/interface_ids.h>
 #include <oxa/result.h>
+#include <oxa/sdk/data_types.h>
 #include <oxa/sdk/guard.h>
 #include <oxa/sdk/guid_text.h>
 #include <oxa/sdk/implements.h>
@@ -28,6 +36,7 @@
 #include <oxa/sdk/ref.h>
 #include <oxa/sdk/result_text.h>
 #include <oxa/sdk/utf8.h>
+#include <oxa/sdk/variant.h>
 #include <oxa/sdk/xml.h>
 #include <oxa/shared_objects.h>
 #include <oxa/strings.h>

@@ -12,8 +12,8 @@ using OXAResult = std::int32_t;
 // Success.
 inline constexpr OXAResult S_OK = 0;
 // Success with nothing to give: an enumerator is at its end, a document has no root, an element is
-// no child. Also the normal success of adding to the context, and so of the factories that end with
-// that step.
+// no child, extension files are loaded. Also the normal success of adding to the context, and so of
+// the factories that end with that step.
 inline constexpr OXAResult S_FALSE = 1;
 // Success: the entry was there already. Registries and the plug-in loader return it.
 inline constexpr OXAResult S_ALREADYEXISTS = 5;

@@ -11,6 +11,7 @@
 #include "core/OXADefaultIO.h"
 #include "core/OXAInterfaceManager.h"
 #include "plugins/OXADirectoryScanner.h"
+#include "properties/OXAPropertyDataTypeTranslator.h"
 #include "xml/oxa_xml_container.h"
 
 namespace {
@@ -46,6 +47,8 @@ const default_service default_services[] = {
     {IID_IOXADirectoryScanner, create<OXADirectoryScanner>,
      "Unable to add DirectoryScanner() to the context."},
     {IID_IOXAXMLParser, create_xml_container, "Unable to add XMLParser() to the context."},
+    {IID_IOXAPropertyDataTypeTranslator, create<OXAPropertyDataTypeTranslator>,
+     "Unable to add DataTypeTranslator() to the context."},
     {IID_IOXAInterfaceManager, create<OXAInterfaceManager>,
      "Unable to add Interface Manager to the context."},
 };

@@ -2,6 +2,8 @@
 
 #include <oxa/sdk/guard.h>
 
+#include <atomic>
+#include <cstring>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -12,8 +14,29 @@
 
 using tokenizer = oxa_xml_tokenizer;
 
+namespace {
+
+// The virtual table that documents of this class have, once there was one. A host may compile its
+// own without type information, so nothing else tells them apart.
+std::atomic<const void*> own_table = nullptr;
+
+const void* table_of(const IOXAXMLDocument& document) {
+  const void* table = nullptr;
+  std::memcpy(&table, static_cast<const void*>(&document), sizeof table);
+  return table;
+}
+
+}  // namespace
+
 oxa_xml_parser::oxa_xml_parser(IOXADebugMessage* sink, int& result)
-    : prolog_("xml", result), sink_(oxa::Ref<IOXADebugMessage>::share(sink)) {}
+    : prolog_("xml", result), sink_(oxa::Ref<IOXADebugMessage>::share(sink)) {
+  own_table.store(table_of(*this), std::memory_order_relaxed);
+}
+
+oxa_xml_parser* oxa_xml_parser::own(IOXAXMLDocument* document) {
+  const bool ours = table_of(*document) == own_table.load(std::memory_order_relaxed);
+  return ours ? static_cast<oxa_xml_parser*>(document) : nullptr;
+}
 
 OXAResult oxa_xml_parser::CreateElement(const char* name, IOXAXMLElement** out) {
   if (out == nullptr) {

@@ -34,6 +34,9 @@ class oxa_xml_parser final : public oxa::Implements<IOXAXMLDocument> {
   // (DocumentLifeTest.TheLastReleaseLeavesTheTreeAndTheSource).
   ~oxa_xml_parser() override = default;
 
+  // Returns `document` if it is of this class; null for a host's own.
+  static oxa_xml_parser* own(IOXAXMLDocument* document);
+
   // What the last declaration said.
   const oxa_xml_element& prolog() const { return prolog_; }
 

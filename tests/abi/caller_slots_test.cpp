@@ -46,15 +46,20 @@ void expect_reference_slots() {
 TEST(CallerSlotsTest, EveryInterfaceBeginsWithTheReferenceOperations) {
   expect_reference_slots<IOXAReference>();
   expect_reference_slots<IOXAContext>();
+  expect_reference_slots<IOXADataElement>();
   expect_reference_slots<IOXADebugMessage>();
   expect_reference_slots<IOXADiagnosticCategoryEnum>();
   expect_reference_slots<IOXADirectoryScanner>();
   expect_reference_slots<IOXAInterfaceEnum>();
   expect_reference_slots<IOXAInterfaceManager>();
   expect_reference_slots<IOXAPlugin>();
+  expect_reference_slots<IOXAPluginDataTypeNamespace>();
   expect_reference_slots<IOXAPluginLoader>();
   expect_reference_slots<IOXAProgressIndicator>();
+  expect_reference_slots<IOXAPropertyDataTypeTranslator>();
   expect_reference_slots<IOXAPropertyEnum>();
+  expect_reference_slots<IOXAUserDefinedDataType>();
+  expect_reference_slots<IOXAUserDefinedDataTypeManager>();
   expect_reference_slots<IOXAXMLAttributeEnum>();
   expect_reference_slots<IOXAXMLDocument>();
   expect_reference_slots<IOXAXMLElement>();
@@ -214,6 +219,67 @@ TEST(CallerSlotsTest, XMLParser) {
   EXPECT_EQ(parser->CreateDocument(L"", nullptr), 4);
   EXPECT_EQ(parser->CreateDocumentFromBuffer("", nullptr), 5);
   EXPECT_EQ(parser->CreateEmptyDocument(nullptr), 6);
+}
+
+TEST(CallerSlotsTest, PropertyDataTypeTranslator) {
+  SlotTeller<IOXAPropertyDataTypeTranslator> translator;
+  const auto type = OXA::Property::DataType::Int;
+  EXPECT_EQ(slot_called_by([&] { translator->ToGraphml(type); }), 4);
+  EXPECT_EQ(slot_called_by([&] { translator->ToString(type); }), 5);
+  EXPECT_EQ(translator->ToType(""), static_cast<OXA::Property::DataType>(6));
+  EXPECT_EQ(translator->Register(type, "", ""), 7);
+}
+
+TEST(CallerSlotsTest, DataElement) {
+  SlotTeller<IOXADataElement> element;
+  EXPECT_EQ(slot_called_by([&] { element->Name(); }), 4);
+  EXPECT_EQ(slot_called_by([&] { element->Namespace(); }), 5);
+  EXPECT_EQ(element->Type(), static_cast<OXA::Property::DataType>(6));
+  EXPECT_EQ(slot_called_by([&] { element->Tooltip(); }), 7);
+  EXPECT_EQ(slot_called_by([&] { element->UserDefinedType(); }), 8);
+  EXPECT_EQ(slot_called_by([&] { element->DefaultValue(); }), 9);
+  EXPECT_EQ(slot_called_by([&] { element->MinimumValue(); }), 10);
+  EXPECT_EQ(slot_called_by([&] { element->MaximumValue(); }), 11);
+  EXPECT_EQ(slot_called_by([&] { static_cast<void>(element->IsRangeSet()); }), 12);
+  EXPECT_EQ(element->SetName(""), 13);
+  EXPECT_EQ(element->SetDataType(OXA::Property::DataType::Int), 14);
+  EXPECT_EQ(element->SetTooltip(""), 15);
+  EXPECT_EQ(element->SetRange(0, 1), 16);
+  EXPECT_EQ(element->SetDefaultValue(""), 17);
+  EXPECT_EQ(element->SetUserDefinedTypeString(""), 18);
+}
+
+TEST(CallerSlotsTest, UserDefinedDataType) {
+  SlotTeller<IOXAUserDefinedDataType> type;
+  EXPECT_EQ(slot_called_by([&] { type->Name(); }), 4);
+  EXPECT_EQ(slot_called_by([&] { type->Namespace(); }), 5);
+  EXPECT_EQ(slot_called_by([&] { type->Type(); }), 6);
+  EXPECT_EQ(type->CreateElement(nullptr), 7);
+  EXPECT_EQ(type->AddElement(nullptr), 8);
+  EXPECT_EQ(type->GetFirstElement(nullptr), 9);
+  EXPECT_EQ(type->GetNextElement(nullptr), 10);
+  EXPECT_EQ(type->ElementCount(), 11);
+}
+
+TEST(CallerSlotsTest, PluginDataTypeNamespace) {
+  SlotTeller<IOXAPluginDataTypeNamespace> name_space;
+  EXPECT_EQ(slot_called_by([&] { name_space->Name(); }), 4);
+  EXPECT_EQ(name_space->AddUserDefinedType("", "", nullptr), 5);
+  EXPECT_EQ(name_space->GetFirstType(nullptr), 6);
+  EXPECT_EQ(name_space->GetNextType(nullptr), 7);
+  EXPECT_EQ(name_space->FindUserDefinedType("", nullptr), 8);
+}
+
+TEST(CallerSlotsTest, UserDefinedDataTypeManager) {
+  SlotTeller<IOXAUserDefinedDataTypeManager> manager;
+  EXPECT_EQ(manager->Load(L""), 4);
+  EXPECT_EQ(manager->LoadAll(L""), 5);
+  EXPECT_EQ(manager->NewNamespace("", nullptr), 6);
+  EXPECT_EQ(manager->GetFirstNamespace(nullptr), 7);
+  EXPECT_EQ(manager->GetNextNamespace(nullptr), 8);
+  EXPECT_EQ(manager->FindNamespace("", nullptr), 9);
+  EXPECT_EQ(slot_called_by([&] { static_cast<void>(manager->TypeDefined("")); }), 10);
+  EXPECT_EQ(manager->GetUserType("", nullptr), 11);
 }
 
 }  // namespace

@@ -4,11 +4,16 @@
 #include <oxa/IOXADiagnosticCategoryEnum.h>
 #include <oxa/IOXAPropertyEnum.h>
 
+#include <string>
+
+#include "abi/destructors.h"
 #include "abi/raw.h"
 #include "core/OXAId.h"
 #include "core/OXAListEnum.h"
+#include "datatypes/OXAUserDefinedDataTypeManager.h"
 #include "plugins/OXAPluginLoader.h"
 #include "support/allocations.h"
+#include "support/fakes.h"
 #include "xml/oxa_xml_tokenizer.h"
 
 using namespace oxa_test;
@@ -84,6 +89,23 @@ TEST(InternalSlotsTest, ThePrimaryTableOfTheLoaderHasTheDestructorsBeforeItsOper
   EXPECT_EQ(call_slot<OXAResult>(object, 7, static_cast<const wchar_t*>(nullptr)), E_INVALIDARG);
   EXPECT_EQ(call_slot<OXAResult>(object, 8, L"/not/there"), E_NOTFOUND);
   EXPECT_EQ(call_slot<OXAResult>(object, 9), S_OK);
+}
+
+// A type and a namespace belong to what made them, so only in here there is one that does not.
+TEST(InternalSlotsTest, TheDestructorsFollowTheTypeAndTheNamespace) {
+  const std::string name(100, 'n');
+  const auto context = oxa::make<FakeContext>();
+  OXAResult result = E_FAIL;
+  const auto manager = oxa::make<OXAUserDefinedDataTypeManager>(context.get(), result);
+  const auto make_namespace = [&] {
+    return new OXAPluginDataTypeNamespace(context.get(), manager.get(), name.c_str(), result);
+  };
+  const auto owner = oxa::Ref<OXAPluginDataTypeNamespace>::adopt(make_namespace());
+  expect_destructors_at(9, make_namespace);
+  const auto make_type = [&] {
+    return new OXAUserDefinedDataType(owner.get(), name.c_str(), "struct", result);
+  };
+  expect_destructors_at(12, make_type, sizeof(void*));
 }
 
 TEST(InternalSlotsTest, TheTokenizerHasGetcAndItsDestructors) {

@@ -92,6 +92,7 @@ TEST(LayoutTest, EveryIdLiesInMemoryAsAgreed) {
 TEST(LayoutTest, ResultCodes) {
   const std::pair<OXAResult, std::uint32_t> codes[] = {{S_OK, 0},
                                                        {S_FALSE, 1},
+                                                       {S_ALREADYEXISTS, 5},
                                                        {E_INVALIDARG, 0x80070057},
                                                        {E_POINTER, 0x80004003},
                                                        {E_NOINTERFACE, 0x80004002},
@@ -135,6 +136,11 @@ TEST(IdEqualityTest, FactoriesAndServicesIgnorePadding) {
   EXPECT_EQ(context->GetInterface(with_padding(IID_IOXADebugMessage), oxa::adopt_into(sink)), S_OK);
   oxa::Ref<IOXAXMLParser> parser;
   EXPECT_EQ(OXACreateXMLParser(with_padding(IID_IOXAXMLParser), oxa::adopt_into(parser)), S_OK);
+  oxa::Ref<IOXAUserDefinedDataTypeManager> manager;
+  EXPECT_EQ(OXACreateUserDefinedDataTypeManager(context.get(),
+                                                with_padding(IID_IOXAUserDefinedDataTypeManager),
+                                                oxa::adopt_into(manager)),
+            S_OK);
 }
 
 TEST(FactoryTest, ANullOutputComesBeforeAForeignId) {
@@ -144,6 +150,7 @@ TEST(FactoryTest, ANullOutputComesBeforeAForeignId) {
   EXPECT_EQ(OXACreateInterfaceEnum(nullptr, false, IID_IOXAPlugin, nullptr), E_INVALIDARG);
   EXPECT_EQ(OXACreatePluginLoader(nullptr, nullptr), E_INVALIDARG);
   EXPECT_EQ(OXACreateXMLParser(IID_IOXAPlugin, nullptr), E_INVALIDARG);
+  EXPECT_EQ(OXACreateUserDefinedDataTypeManager(nullptr, IID_IOXAPlugin, nullptr), E_INVALIDARG);
 }
 
 TEST(FactoryTest, AForeignIdIsRefusedWithANullOutput) {
@@ -156,6 +163,9 @@ TEST(FactoryTest, AForeignIdIsRefusedWithANullOutput) {
   EXPECT_EQ(out, nullptr);
   out = &list;
   EXPECT_EQ(OXACreateXMLParser(IID_IOXAPlugin, &out), E_NOINTERFACE);
+  EXPECT_EQ(out, nullptr);
+  out = &list;
+  EXPECT_EQ(OXACreateUserDefinedDataTypeManager(nullptr, IID_IOXAPlugin, &out), E_NOINTERFACE);
   EXPECT_EQ(out, nullptr);
 }
 

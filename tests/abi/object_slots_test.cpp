@@ -40,7 +40,8 @@ TEST(ObjectSlotsTest, EveryServiceBeginsWithTheReferenceOperations) {
   expect_reference_operations(host.context.get());
   for (const _GUID* iid :
        {&IID_IOXADebugMessage, &IID_IOXAProgressIndicator, &IID_IOXADirectoryScanner,
-        &IID_IOXAInterfaceManager, &IID_IOXAPluginLoader, &IID_IOXAXMLParser}) {
+        &IID_IOXAInterfaceManager, &IID_IOXAPluginLoader, &IID_IOXAXMLParser,
+        &IID_IOXAPropertyDataTypeTranslator}) {
     expect_reference_operations(host.service(*iid));
   }
 }

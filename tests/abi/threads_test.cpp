@@ -62,9 +62,10 @@ TEST(ThreadsTest, ExactlyOneThreadDropsTheLastReference) {
 
 TEST(ThreadsTest, ServicesCanBeFetchedByAllThreads) {
   const auto context = make_context();
-  const _GUID* const ids[] = {&IID_IOXADebugMessage, &IID_IOXAProgressIndicator,
+  const _GUID* const ids[] = {&IID_IOXADebugMessage,     &IID_IOXAProgressIndicator,
                               &IID_IOXADirectoryScanner, &IID_IOXAInterfaceManager,
-                              &IID_IOXAPluginLoader};
+                              &IID_IOXAPluginLoader,     &IID_IOXAPropertyDataTypeTranslator,
+                              &IID_IOXAXMLParser};
   in_many_threads([&] {
     for (const _GUID* iid : ids) {
       oxa::Ref<IOXAReference> service;
@@ -80,6 +81,75 @@ TEST(ThreadsTest, ServicesCanBeFetchedByAllThreads) {
               iid == &IID_IOXADebugMessage || iid == &IID_IOXAInterfaceManager
                   ? 3  // the loader has one too
                   : 2);
+  }
+}
+
+// A manager with the type "p::point" and its member "x".
+struct Types {
+  Types() : context(make_context()) {
+    OXACreateUserDefinedDataTypeManager(context.get(), IID_IOXAUserDefinedDataTypeManager,
+                                        oxa::adopt_into(manager));
+    manager->NewNamespace("p", &name_space);
+    name_space->AddUserDefinedType("point", "struct", &type);
+    type->CreateElement(&element);
+    element->SetName("x");
+    type->AddElement(element);
+  }
+
+  oxa::Ref<IOXAContext> context;
+  oxa::Ref<IOXAUserDefinedDataTypeManager> manager;
+  IOXAPluginDataTypeNamespace* name_space = nullptr;
+  IOXAUserDefinedDataType* type = nullptr;
+  IOXADataElement* element = nullptr;
+};
+
+TEST(ThreadsTest, DataTypesAreReferencedByAllThreads) {
+  const Types types;
+  const auto translator = oxa::service<IOXAPropertyDataTypeTranslator>(types.context.get());
+  IOXAReference* const objects[] = {types.manager.get(), types.name_space, types.type,
+                                    types.element, translator.get()};
+  in_many_threads([&] {
+    for (IOXAReference* object : objects) {
+      object->AddReference();
+      object->CheckReference();
+      object->ReleaseReference();
+    }
+  });
+  for (IOXAReference* object : objects) {
+    EXPECT_EQ(object->CheckReference(), object == translator.get() ? 3 : 1);
+  }
+}
+
+TEST(ThreadsTest, DataTypesAreLookedUpByAllThreads) {
+  const Types types;
+  const auto translator = oxa::service<IOXAPropertyDataTypeTranslator>(types.context.get());
+  in_many_threads([&] {
+    IOXAUserDefinedDataType* type = nullptr;
+    IOXAPluginDataTypeNamespace* name_space = nullptr;
+    EXPECT_EQ(types.manager->GetUserType("x$p::point%2", &type), S_OK);
+    EXPECT_EQ(type, types.type);
+    EXPECT_EQ(types.manager->FindNamespace("p", &name_space), S_OK);
+    EXPECT_EQ(name_space->FindUserDefinedType("point", &type), S_OK);
+    EXPECT_TRUE(types.manager->TypeDefined("$int%2"));
+    EXPECT_FALSE(types.manager->TypeDefined("unknown"));
+    EXPECT_EQ(translator->ToType("unsigned long"), OXA::Property::DataType::UnsignedLongLong);
+    EXPECT_STREQ(translator->ToString(OXA::Property::DataType::Bool), "bool");
+    EXPECT_STREQ(types.element->Name(), "x");
+    EXPECT_STREQ(types.element->Namespace(), "p");
+  });
+}
+
+// The factory must not overlap with itself, but the last reference may go in any thread.
+TEST(ThreadsTest, ExactlyOneThreadEndsTheManager) {
+  for (int round = 0; round < rounds; ++round) {
+    Types types;
+    IOXAUserDefinedDataTypeManager* manager = types.manager.detach();
+    manager->AddReference();
+    std::int64_t left[2] = {-1, -1};
+    std::thread other([&] { left[0] = manager->ReleaseReference(); });
+    left[1] = manager->ReleaseReference();
+    other.join();
+    EXPECT_EQ(left[0] + left[1], 1);
   }
 }
 

@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Checks what the documentation says against the tree: check_docs.py [ROOT]
 
-Code blocks are those of sources that are built, links lead somewhere, README.md stays short, and
-the tests that comments name exist. Prints one line per problem and fails if there is any.
+Code blocks are those of sources that are built, data that names a file is that file, links lead
+somewhere, README.md stays short, and the tests that comments name exist. Prints one line per problem
+and fails if there is any.
 """
 import os
 import re
@@ -129,9 +130,9 @@ class Checker:
     # Code blocks
 
     def check_block(self, document, number, language, origin, text):
-        if language in OTHER:
+        if language in OTHER and origin is None:
             return
-        if language not in CODE:
+        if language not in CODE | OTHER:
             names = ", ".join(sorted(CODE | OTHER))
             self.report(document.path, number, f"the code block must name its language: {names}")
         elif origin is None:
@@ -154,7 +155,7 @@ class Checker:
         if not source.is_file():
             self.report(document.path, number, f"there is no source {name}")
             return
-        found = regions(read(source)).get(region, [])
+        found = regions(read(source)).get(region, []) if region else [read(source).rstrip("\n")]
         if len(found) != 1:
             self.report(document.path, number, f"{name} marks '{region}' {len(found)} times, not once")
         elif textwrap.dedent(text) != textwrap.dedent(found[0]):

@@ -58,6 +58,16 @@ class CheckDocsTest(unittest.TestCase):
     def test_missing_source(self):
         self.expect_page(SNIPPET.format(USE), "2: there is no source src/a.cpp")
 
+    def test_whole_file(self):
+        self.write("data/a.xml", "<a>\n  <b/>\n</a>\n")
+        page = "<!-- snippet: data/a.xml -->\n```xml\n<a>\n  <b/>\n</a>\n```\n"
+        self.expect_page(page)
+        self.write("data/a.xml", "<a/>\n")
+        self.expect_page(page, "2: the code block differs from data/a.xml")
+
+    def test_data_needs_no_origin(self):
+        self.expect_page("```text\nanything\n```\n")
+
     def test_code_without_origin(self):
         page = "```sh\nls\n```\n"
         self.expect_page(page, "1: no snippet or command is named above the code block")

@@ -71,12 +71,28 @@ list() {
     "$(awk '/^writers/ {print index($0, "svg_writer.so")}' out)" ] || fail "columns do not line up"
 }
 
+list_of_record_types() {
+  graph 0 --list
+  [ ! -s err ] || fail "errors"
+  grep -qE '^RECORD TYPE +KIND +MEMBER +DATA TYPE +RANGE +DEFAULT +MEANING$' out || fail "no head"
+  grep -qE '^edge_list_reader::edge +edge +source +string +- +- +label of one end' out || fail "no edge"
+  grep -qE '^ +weight +double +0 or more +1 +how strong' out || fail "no weight"
+  grep -qE '^ +place +force_layout::point +- +- +where' out || fail "no place"
+  [ "$(awk '/^RECORD TYPE/ {print index($0, "DATA TYPE")}' out)" = \
+    "$(awk '/^ +theme/ {print index($0, "enum")}' out)" ] || fail "columns do not line up"
+  local types
+  types=$(grep -o '^[a-z_]*::[a-z]*' out)
+  [ "$types" = "$(LC_ALL=C sort <<< "$types")" ] || fail "not in order"
+}
+
 draws_the_data_set() {
   "$program" --plugins "$plugins" "$data" les.svg > out 2> err || fail "exit code $?"
   shows "77 nodes, 254 edges"
   grep -qE '^pagerank +Valjean 0\.0' out || fail "Valjean does not lead"
   grep -qE '^community +6 groups of ' out || fail "communities"
   shows "drawn to les.svg"
+  shows "8 record types, shown by --list"
+  ! grep -q "RECORD TYPE" out || fail "the members fill the page"
   shows "oxa-graph: computing betweenness" err
   shows "</svg>" les.svg
   shows "Thénardier</text>" les.svg
@@ -255,6 +271,54 @@ oxa-graph: skipped the plug-in "mixed/careless_shouting.so": GetName of its read
 oxa-graph: skipped the plug-in "mixed/careless_undescribed.so": GetDescription of its layout returns null; remove the file or ask its author'
   graph 0 --list
   ! grep -q careless out || fail "a skipped plug-in is listed"
+}
+
+# Has the program run with the plug-ins, but without their record types, which stay in $built.
+without_record_types() {
+  built=$plugins
+  mkdir mixed
+  cp "$plugins"/*.so mixed
+  plugins=mixed
+}
+
+bad_record_types() {
+  without_record_types
+  echo '<extension type="data" plugin="p"><data_type></extension>' > mixed/a.xml
+  echo '<graphml/>' > mixed/b.xml
+  mkdir mixed/c.xml
+  echo '<extension type="data" plugin="p"><data_type name="t" type="s"/></extension>' > mixed/d.xml
+  graph 0 small.txt a.svg
+  shows "</svg>" a.svg
+  says 'skipped the record types in "mixed/a.xml": the library says "Badly formed XML file; parsing confused! (extension)"; correct or remove the file
+oxa-graph: skipped the record types in "mixed/b.xml": the library says "Unrecognized XML format - not an extension file!"; correct or remove the file
+oxa-graph: skipped the record types in "mixed/c.xml": it holds no element; correct or remove the file'
+  graph 0 --list
+  grep -qE '^p::t +s +-$' out || fail "the good file is not read"
+}
+
+unreadable_record_types() {
+  without_record_types
+  as_anybody
+  cp "$data" mixed/a.xml
+  chmod 0 mixed/a.xml
+  graph 0 small.txt a.svg
+  shows "</svg>" a.svg
+  says 'skipped the record types in "mixed/a.xml": file cannot be opened for reading; check or remove the file'
+}
+
+unknown_record_types() {
+  without_record_types
+  cp "$built/svg_writer.xml" mixed
+  graph 0 --list
+  grep -qE '^ +place +unknown force_layout::point ' out || fail "not marked"
+}
+
+no_record_types() {
+  without_record_types
+  graph 0 --list
+  ! grep -qi "record type" out || fail "record types"
+  "$program" --plugins "$plugins" small.txt a.svg > out 2> err || fail "exit code $?"
+  ! grep -qi "record type" out || fail "record types"
 }
 
 # careless WHAT SENTENCE ARGUMENT...: expects "cannot WHAT: the plug-in SENTENCE".

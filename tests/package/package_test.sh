@@ -49,6 +49,7 @@ compile() {
   local shared=("${strict[@]}" -shared -fPIC -fvisibility=hidden)
   mkdir -p plugins
   "${strict[@]}" host.cpp "${flags[@]}" -o host
+  cp outside.xml plugins
   "${shared[@]}" plugin.cpp "${flags[@]}" "${plugin_flags[@]}" -o plugins/outside.so
   refuses_incomplete "${shared[@]}" incomplete.cpp "${flags[@]}" "${plugin_flags[@]}" -o incomplete.so
 }

@@ -6,6 +6,7 @@
 #include "plugins/files.h"
 #include "plugins/host.h"
 #include "support/capture.h"
+#include "support/stubs.h"
 
 using namespace oxa_test;
 
@@ -41,17 +42,10 @@ class WorkingFolderGuard {
 };
 
 // A sink that asks, when it is told of an error, whether a shared object is open.
-class AskingSink final : public oxa::Implements<IOXADebugMessage> {
+class AskingSink final : public StubSink {
  public:
   explicit AskingSink(std::filesystem::path path) : path_(std::move(path)) {}
   void EmitError(const char*, ...) override { open.push_back(is_open(path_)); }
-  void EmitMessage(const char*, ...) override {}
-  void EmitWarning(const char*, ...) override {}
-  void Clear() override {}
-  void SetDefaultWarningLevel(int) override {}
-  void SetDefaultMessageLevel(int) override {}
-  void EmitMessage(int, const char*, ...) override {}
-  void EmitWarning(int, const char*, ...) override {}
 
   std::vector<bool> open;
 

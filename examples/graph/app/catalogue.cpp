@@ -3,6 +3,7 @@
 #include <graph_contract.h>
 
 #include <cstdio>
+#include <utility>
 
 #include "text.h"
 
@@ -27,13 +28,28 @@ void add_choices(Rows& rows, const char* what, const PluginFolder& plugins) {
   }
 }
 
+std::string or_dash(const std::string& text) { return text.empty() ? "-" : text; }
+
+// The first line of a type names it; those of its other members leave room.
+void add_record_type(Rows& rows, const RecordType& type) {
+  std::string name = type.name_space + "::" + type.name;
+  std::string kind = or_dash(type.kind);
+  if (type.members.empty()) {
+    rows.push_back({name, kind, "-"});
+  }
+  for (const RecordMember& member : type.members) {
+    rows.push_back({std::exchange(name, ""), std::exchange(kind, ""), member.name, member.data_type,
+                    or_dash(member.range), or_dash(member.default_value), or_dash(member.tooltip)});
+  }
+}
+
 }  // namespace
 
 void print_catalogue(const PluginFolder& plugins) {
   Rows rows = {{"NAMESPACE", "INTERFACE", "NAME", "PLUG-IN", "FILE"}};
   for (const Offered& entry : plugins.offered()) {
-    rows.push_back({entry.name_space, interface_name(entry.iid),
-                    entry.name.empty() ? "-" : entry.name, entry.plugin, entry.file});
+    rows.push_back({entry.name_space, interface_name(entry.iid), or_dash(entry.name), entry.plugin,
+                    entry.file});
   }
   print_table(rows);
   std::printf("\n");
@@ -45,5 +61,23 @@ void print_choices(const PluginFolder& plugins) {
   add_choices<IGraphAlgorithm>(rows, "computes", plugins);
   add_choices<IGraphLayout>(rows, "arranges", plugins);
   add_choices<IGraphWriter>(rows, "writes", plugins);
+  print_table(rows);
+}
+
+void print_record_type_count(const std::vector<RecordType>& types) {
+  if (!types.empty()) {
+    std::printf("%s, shown by --list\n\n", counted(types.size(), "record type").c_str());
+  }
+}
+
+void print_record_types(const std::vector<RecordType>& types) {
+  if (types.empty()) {
+    return;
+  }
+  Rows rows = {{"RECORD TYPE", "KIND", "MEMBER", "DATA TYPE", "RANGE", "DEFAULT", "MEANING"}};
+  for (const RecordType& type : types) {
+    add_record_type(rows, type);
+  }
+  std::printf("\n");
   print_table(rows);
 }

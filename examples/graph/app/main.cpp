@@ -11,6 +11,7 @@
 #include "plugin_folder.h"
 #include "problem.h"
 #include "progress.h"
+#include "record_types.h"
 #include "selection.h"
 #include "summary.h"
 #include "text.h"
@@ -44,7 +45,22 @@ void draw(const PluginFolder& plugins, const Options& options, IOXAProgressIndic
   }
 }
 
-// Everything here ends in the reverse order: graph, plug-ins, context.
+// The members of record types would fill a page before each drawing, so those are for --list alone.
+void print_offers(const PluginFolder& plugins, const RecordTypes& records, const Options& options) {
+  if (options.quiet && !options.list) {
+    return;
+  }
+  print_catalogue(plugins);
+  if (options.list) {
+    print_choices(plugins);
+    print_record_types(records.all());
+  } else {
+    print_record_type_count(records.all());
+  }
+}
+
+// Everything here ends in the reverse order: graph, plug-ins, record types, context. Plug-ins can
+// ask for record types as long as they are loaded.
 void run(const Options& options) {
   if (options.help || options.version) {
     std::printf("%s", options.help ? help_text : "oxa-graph " OXA_GRAPH_VERSION "\n");
@@ -54,14 +70,13 @@ void run(const Options& options) {
   const auto style = options.quiet ? ProgressStyle::quiet : suitable_progress_style();
   const oxa::Ref<IOXAProgressIndicator> progress = make_progress(style);
   const oxa::Ref<IOXAContext> context = make_context(*progress);
+  const std::string folder = options.plugins.empty() ? default_plugin_folder() : options.plugins;
+  RecordTypes records(context.get());
+  records.load(folder);
   PluginFolder plugins(context.get());
-  plugins.load(options.plugins.empty() ? default_plugin_folder() : options.plugins);
-  if (!options.quiet || options.list) {
-    print_catalogue(plugins);
-  }
-  if (options.list) {
-    print_choices(plugins);
-  } else {
+  plugins.load(folder);
+  print_offers(plugins, records, options);
+  if (!options.list) {
     draw(plugins, options, *progress);
   }
 }

@@ -25,7 +25,7 @@ two names, in small or capital letters, choose the reader and the writer.
   --title TEXT           title of the picture (default: from INPUT's name)
   --plugins DIR          folder of plug-ins (default: the one that belongs to
                          this program)
-  --list                 show what the plug-ins offer and end
+  --list                 show what the plug-ins offer and declare, and end
   -q, --quiet            show errors only
   -h, --help             show this text and end
   --version              show the version and end

@@ -4,9 +4,9 @@
 #include <oxa/sdk/utf8.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
 
+#include "folder.h"
 #include "problem.h"
 #include "text.h"
 
@@ -35,10 +35,6 @@ std::vector<Offered> added(std::vector<Offered> before, const std::vector<Offere
   return fresh;
 }
 
-bool ends_with_so(std::wstring_view name) {
-  return name.size() > 3 && name.substr(name.size() - 3) == L".so";
-}
-
 // Returns why `path` could not be opened just now. The system has nothing to say of a file that the
 // loader did not hand to it.
 std::string opening_error(const std::string& path) {
@@ -49,11 +45,6 @@ std::string opening_error(const std::string& path) {
   const std::string beginning = path + ": ";
   const std::string_view text = reason;
   return std::string(text.substr(text.rfind(beginning, 0) == 0 ? beginning.size() : 0));
-}
-
-void report_skipped(const std::string& path, const std::string& why, const char* advice) {
-  std::fprintf(stderr, "oxa-graph: skipped the plug-in %s: %s; %s\n", in_quotes(path).c_str(),
-               why.c_str(), advice);
 }
 
 }  // namespace
@@ -75,29 +66,13 @@ PluginFolder::~PluginFolder() {
 }
 
 void PluginFolder::load(const std::string& folder) {
-  for (const std::wstring& name : names_in(folder)) {
+  for (const std::wstring& name : names_in(*scanner_, folder, L".so")) {
     load_file(folder, name);
   }
   if (paths_.empty()) {
     throw Problem("there are no plug-ins in " + in_quotes(folder) +
                   " that can be loaded; name their folder with --plugins");
   }
-}
-
-std::vector<std::wstring> PluginFolder::names_in(const std::string& folder) {
-  const OXAResult result = scanner_->Scan(oxa::widen(folder).c_str(), "*.so");
-  if (oxa::failed(result)) {
-    throw Problem("cannot read the plug-in folder " + in_quotes(folder) + ": " +
-                  oxa::result_text(result) + "; name another one with --plugins");
-  }
-  std::vector<std::wstring> names;
-  for (const wchar_t* name : oxa::names(*scanner_)) {
-    if (ends_with_so(name)) {
-      names.emplace_back(name);
-    }
-  }
-  std::sort(names.begin(), names.end());
-  return names;
 }
 
 // A load that fails may leave entries behind that point to nothing, so whatever is new after it
@@ -112,7 +87,7 @@ void PluginFolder::load_file(const std::string& folder, const std::wstring& name
   std::vector<Offered> fresh = added(before, registered());
   if (oxa::failed(result)) {
     unregister(fresh);
-    report_skipped(shown_path, why, "remove or rebuild the file");
+    report_skipped("plug-in", shown_path, why, "remove or rebuild the file");
     return;
   }
   try {
@@ -120,7 +95,7 @@ void PluginFolder::load_file(const std::string& folder, const std::wstring& name
   } catch (const BadPlugin& bad) {
     unregister(fresh);
     loader_->Unload(path.c_str());
-    report_skipped(shown_path, bad.what(), "remove the file or ask its author");
+    report_skipped("plug-in", shown_path, bad.what(), "remove the file or ask its author");
     return;
   }
   paths_.push_back(path);

@@ -39,7 +39,6 @@ class PluginFolder {
   }
 
  private:
-  std::vector<std::wstring> names_in(const std::string& folder);
   void load_file(const std::string& folder, const std::wstring& name);
   std::vector<Offered> registered();
   void unregister(const std::vector<Offered>& entries);

@@ -50,6 +50,19 @@ std::string in_quotes(std::string_view text) {
   return result += '"';
 }
 
+std::string one_line(std::string_view text) {
+  std::string line;
+  for (const char c : text) {
+    const bool blank = c == ' ' || (c >= '\t' && c <= '\r');
+    if (!blank) {
+      line += c;
+    } else if (line.empty() || line.back() != ' ') {
+      line += ' ';
+    }
+  }
+  return line;
+}
+
 std::string in_small_letters(std::string text) {
   for (char& letter : text) {
     if (letter >= 'A' && letter <= 'Z') {

@@ -14,6 +14,9 @@ std::string join(const std::vector<std::string>& pieces, const char* separator);
 // Returns `text` in double quotes, for messages.
 std::string in_quotes(std::string_view text);
 
+// Returns `text` with a single blank in place of each run of blanks and line ends.
+std::string one_line(std::string_view text);
+
 // Returns `text` with the capital letters of ASCII made small.
 std::string in_small_letters(std::string text);
 

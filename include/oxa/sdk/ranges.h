@@ -81,20 +81,21 @@ struct InterfaceSource {
   Ref<IOXAInterfaceEnum> enumerator;
 };
 
-struct NameSource {
-  using Item = wchar_t*;
-  OXAResult first(Item& item) { return scanner->GetFirst(&item); }
-  OXAResult next(Item& item) { return scanner->GetNext(&item); }
-  Ref<IOXADirectoryScanner> scanner;
+// Walks items by the two operations of an object that keeps the position.
+template <class Holder, class ItemType, OXAResult (Holder::*First)(ItemType**),
+          OXAResult (Holder::*Next)(ItemType**)>
+struct PointerSource {
+  using Item = ItemType*;
+  OXAResult first(Item& item) { return (holder.get()->*First)(&item); }
+  OXAResult next(Item& item) { return (holder.get()->*Next)(&item); }
+  Ref<Holder> holder;
 };
 
-template <class Enumerator, class ItemType>
-struct ItemSource {
-  using Item = ItemType*;
-  OXAResult first(Item& item) { return enumerator->GetFirst(&item); }
-  OXAResult next(Item& item) { return enumerator->GetNext(&item); }
-  Ref<Enumerator> enumerator;
-};
+using NameSource = PointerSource<IOXADirectoryScanner, wchar_t, &IOXADirectoryScanner::GetFirst,
+                                 &IOXADirectoryScanner::GetNext>;
+
+template <class Enumerator, class Item>
+using ItemSource = PointerSource<Enumerator, Item, &Enumerator::GetFirst, &Enumerator::GetNext>;
 
 // Ranges over the pairs of an interface enumerator. Not to be nested over the same one.
 inline EnumeratorRange<InterfaceSource> entries(IOXAInterfaceEnum& enumerator) {

@@ -1,9 +1,8 @@
-// A host that is built outside the library's tree: loads the plug-ins of a folder, prints what is
-// registered by them, and talks to one kind of it.
+// A host that is built outside the library's tree: loads the record types and the plug-ins of a
+// folder, prints what is registered by them, and talks to one kind of it.
 #include <oxa/oxa.h>
 
 #include <cstdio>
-#include <string>
 
 #include "IGreeter.h"
 
@@ -30,6 +29,14 @@ void list_namespace(IOXAInterfaceManager& registry, const char* name) {
   }
 }
 
+void list_types(IOXAUserDefinedDataTypeManager& manager) {
+  for (IOXAPluginDataTypeNamespace* plugin : oxa::namespaces(manager)) {
+    for (IOXAUserDefinedDataType* type : oxa::types(*plugin)) {
+      std::printf("type %s::%s\n", plugin->Name(), type->Name());
+    }
+  }
+}
+
 void greet(IOXAInterfaceManager& registry) {
   oxa::Ref<IOXAInterfaceEnum> greeters;
   registry.GetInterfaceEnumByGUID(IID_IGreeter, oxa::adopt_into(greeters));
@@ -49,9 +56,11 @@ int main(int argc, char** argv) {
   if (oxa::failed(OXACreateContext(IID_IOXAContext, oxa::adopt_into(context)))) {
     return 1;
   }
-  const std::string folder = argv[1];
-  oxa::service<IOXAPluginLoader>(context.get())
-      ->LoadAll(std::wstring(folder.begin(), folder.end()).c_str());
+  const std::wstring folder = oxa::widen(argv[1]);
+  const auto manager = oxa::type_manager(context);
+  manager->LoadAll(folder.c_str());
+  oxa::service<IOXAPluginLoader>(context.get())->LoadAll(folder.c_str());
+  list_types(*manager);
   const auto registry = oxa::service<IOXAInterfaceManager>(context.get());
   list_plugins(*registry);
   list_namespace(*registry, "misc");

@@ -203,6 +203,15 @@ class Grammar {
   std::string out_;
 };
 
+std::string letters(std::size_t count, Random& random) {
+  std::string text(count, 'n');
+  text.back() = 'z';
+  text[random.below(count)] = '\xFE';
+  return text;
+}
+
+}  // namespace
+
 void damage(std::string& source, Random& random) {
   const std::size_t at = random.below(source.size() + 1);
   const std::size_t length = random.below(4) + 1;
@@ -228,15 +237,6 @@ void damage(std::string& source, Random& random) {
       }
   }
 }
-
-std::string letters(std::size_t count, Random& random) {
-  std::string text(count, 'n');
-  text.back() = 'z';
-  text[random.below(count)] = '\xFE';
-  return text;
-}
-
-}  // namespace
 
 std::string row_of_tokens(Random& random) {
   std::string source = random.one_in(3) ? "" : "<a>";

@@ -27,6 +27,9 @@ class Random {
 // A row of tokens.
 std::string row_of_tokens(Random& random);
 
+// Changes the source in one place.
+void damage(std::string& source, Random& random);
+
 // A document by the grammar, often damaged in one to three places.
 std::string damaged_document(Random& random);
 
