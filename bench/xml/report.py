@@ -11,8 +11,8 @@ import textwrap
 from pathlib import Path
 from xml.sax.saxutils import escape
 
-BEGIN = "<!-- figures: begin (scripts/performance) -->"
-END = "<!-- figures: end -->"
+sys.path.insert(0, str(Path(__file__).parents[1]))
+from page import put
 
 OURS = "oxa"
 DOCUMENTS = ["extension", "graph", "text", "deep", "wide"]
@@ -268,20 +268,12 @@ class Picture:
         ])
 
 
-def replaced(page, figures):
-    before, begin, rest = page.partition(BEGIN)
-    _, end, after = rest.partition(END)
-    if not begin or not end:
-        sys.exit(f"report.py: the page lacks the lines {BEGIN} and {END}")
-    return f"{before}{BEGIN}\n\n{figures}\n\n{END}{after}"
-
-
 def main(arguments):
     if len(arguments) != 3:
         sys.exit(__doc__)
     results, page, picture = map(Path, arguments)
     results = Results(results)
-    page.write_text(replaced(page.read_text(encoding="utf-8"), tables(results)), encoding="utf-8")
+    put(page, "figures", tables(results))
     picture.write_text(Picture(results).draw(), encoding="utf-8")
 
 
