@@ -4,9 +4,18 @@
 #include <gtest/gtest.h>
 #include <pthread.h>
 
+#include <cstddef>
 #include <functional>
 
 namespace oxa_test {
+
+// How many levels there are to go down: a million, but where threads are watched, which takes many
+// times as long and finds nothing on one of them.
+#if defined(__SANITIZE_THREAD__)
+inline constexpr std::size_t deep = 100000;
+#else
+inline constexpr std::size_t deep = 1000000;
+#endif
 
 // Runs a function on a thread with a stack of 256 KiB.
 inline void on_small_stack(const std::function<void()>& work) {

@@ -5,7 +5,7 @@ using namespace oxa_test;
 
 namespace {
 
-constexpr std::size_t levels = 1000000;
+constexpr std::size_t levels = deep;
 
 TEST(DepthTest, AMillionLevelsAreParsedAndDestroyed) {
   const std::string input = repeated("<a>", levels) + repeated("</a>", levels);
