@@ -11,10 +11,6 @@
 
 #include "support/allocations.h"
 
-// The library defines these elsewhere; an enumerator needs their addresses only.
-class IOXAProperty {};
-class IOXADiagnosticCategory {};
-
 namespace {
 
 using PropertyEnum = OXAListEnum<IOXAPropertyEnum, IOXAProperty>;
@@ -36,10 +32,16 @@ class OXAListEnumTest : public testing::Test {
     return enumerator.GetNext(&item) == S_OK ? item : nullptr;
   }
 
-  std::array<IOXAProperty, 3> items_;
-  IOXAProperty* a_ = &items_[0];
-  IOXAProperty* b_ = &items_[1];
-  IOXAProperty* c_ = &items_[2];
+  // An enumerator needs the addresses of its items only.
+  template <class Item>
+  Item* item(std::size_t number) {
+    return reinterpret_cast<Item*>(&places_[number]);
+  }
+
+  std::array<void*, 3> places_{};
+  IOXAProperty* a_ = item<IOXAProperty>(0);
+  IOXAProperty* b_ = item<IOXAProperty>(1);
+  IOXAProperty* c_ = item<IOXAProperty>(2);
 };
 
 TEST_F(OXAListEnumTest, AnEmptyListGivesNothing) {
@@ -154,17 +156,16 @@ TEST_F(OXAListEnumTest, ReleasingACloneLeavesTheSourceAlone) {
 
 TEST_F(OXAListEnumTest, WithoutOwningItSharesTheListWithItsClone) {
   CategoryEnum::List list;
-  std::array<IOXADiagnosticCategory, 2> categories;
-  list.push_back(&categories[0]);
+  list.push_back(item<IOXADiagnosticCategory>(0));
   const auto enumerator = oxa::make<CategoryEnum>(&list, false);
   oxa::Ref<IOXADiagnosticCategoryEnum> clone;
   EXPECT_EQ(enumerator->Clone(oxa::adopt_into(clone)), S_OK);
-  list.push_back(&categories[1]);
+  list.push_back(item<IOXADiagnosticCategory>(1));
   EXPECT_EQ(enumerator->Count(), 2U);
   EXPECT_EQ(clone->Count(), 2U);
-  IOXADiagnosticCategory* item = nullptr;
-  EXPECT_EQ(clone->GetNext(&item), S_OK);
-  EXPECT_EQ(item, &categories[1]);
+  IOXADiagnosticCategory* found = nullptr;
+  EXPECT_EQ(clone->GetNext(&found), S_OK);
+  EXPECT_EQ(found, item<IOXADiagnosticCategory>(1));
 }
 
 TEST_F(OXAListEnumTest, CloneReportsThatMemoryIsShort) {
