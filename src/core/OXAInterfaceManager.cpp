@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "core/OXAInterfaceEnum.h"
+#include "core/hash_text.h"
 
 namespace {
 
@@ -28,6 +29,10 @@ std::unique_ptr<OXAInterfaceList> collect(const Buckets& buckets, BucketOf bucke
     bucket_of(element).append_to(*list);
   }
   return list;
+}
+
+std::size_t hash(std::string_view name, std::uint32_t number) {
+  return oxa::hash_text(name) * 31 + number;
 }
 
 }  // namespace
@@ -59,7 +64,7 @@ OXAResult OXAInterfaceManager::GetInterfaceEnumByNamespace(const char* name,
       return E_NOTFOUND;
     }
     *out = make_enumerator(collect(
-        found->second, [](const auto& numbered) -> const auto& { return numbered.second; }));
+        found->second, [](const auto& numbered) -> const auto& { return numbered.second.bucket; }));
     return S_OK;
   });
 }
@@ -70,17 +75,10 @@ OXAResult OXAInterfaceManager::RegisterInterface(const char* name, const _GUID& 
   }
   return oxa::guard([&] {
     const id_number number = register_guid(iid);
-    const auto known = namespaces_.find(std::string_view(name));
-    if (known != namespaces_.end()) {
-      file(*known, number, iid, object);
-      return S_OK;
-    }
-    const auto made = namespaces_.try_emplace(name).first;
-    try {
-      file(*made, number, iid, object);
-    } catch (...) {
-      namespaces_.erase(made);
-      throw;
+    if (filed_bucket* const filed = find(name, number)) {
+      filed->bucket.add(iid, object);
+    } else {
+      file_first(name, number, iid, object);
     }
     return S_OK;
   });
@@ -93,42 +91,56 @@ OXAResult OXAInterfaceManager::UnRegisterInterface(const char* name, const _GUID
   }
   return oxa::guard([&] {
     const id_number number = register_guid(iid);
-    const auto found = namespaces_.find(std::string_view(name));
-    if (found == namespaces_.end()) {
+    filed_bucket* const filed = find(name, number);
+    if (filed == nullptr || !filed->bucket.remove(object)) {
       return E_NOTFOUND;
     }
-    const auto bucket = found->second.find(number);
-    if (bucket == found->second.end() || !bucket->second.remove(object)) {
-      return E_NOTFOUND;
+    if (filed->bucket.empty()) {
+      drop_bucket(*namespaces_.find(std::string_view(name)), number);
     }
-    drop_if_empty(*found, number);
     return S_OK;
   });
 }
 
-// Adds an entry; a bucket that is made for it is also filed under its id.
-void OXAInterfaceManager::file(namespaces::value_type& name_space, id_number number,
-                               const _GUID& iid, void* object) {
+// Null when there is none.
+OXAInterfaceManager::filed_bucket* OXAInterfaceManager::find(std::string_view name,
+                                                             id_number number) const {
+  return index_.find(hash(name, number), [&](const filed_bucket& filed) {
+    return filed.number == number && *filed.name == name;
+  });
+}
+
+// Adds the first entry of an id in a namespace: makes its bucket, and the namespace if it is not
+// there. Throws std::bad_alloc; then the namespace is there without the bucket, or not at all.
+void OXAInterfaceManager::file_first(const char* name, id_number number, const _GUID& iid,
+                                     void* object) {
   if (number >= holders_.size()) {
     holders_.resize(number + 1);
   }
-  interface_bucket& bucket = name_space.second[number];
+  index_.reserve_one();
+  const auto [name_space, fresh] = namespaces_.try_emplace(name);
   try {
-    if (bucket.empty()) {
-      holders_[number].try_emplace(name_space.first, &bucket);
-    }
-    bucket.add(iid, object);
+    filed_bucket& made = name_space->second[number];
+    made.name = &name_space->first;
+    made.number = number;
+    index_.add(hash(name, number), &made);
+    holders_[number].try_emplace(name_space->first, &made.bucket);
+    made.bucket.add(iid, object);
   } catch (...) {
-    drop_if_empty(name_space, number);
+    drop_bucket(*name_space, number);
+    if (fresh) {
+      namespaces_.erase(name_space);
+    }
     throw;
   }
 }
 
-// Forgets a bucket without entries, so that queries do not walk it. Its namespace stays.
-void OXAInterfaceManager::drop_if_empty(namespaces::value_type& name_space, id_number number) {
-  const auto bucket = name_space.second.find(number);
-  if (bucket->second.empty()) {
+// Forgets a bucket, if it was made, so that queries do not walk it. Its namespace stays.
+void OXAInterfaceManager::drop_bucket(namespaces::value_type& name_space, id_number number) {
+  const auto filed = name_space.second.find(number);
+  if (filed != name_space.second.end()) {
+    index_.remove(hash(name_space.first, number), &filed->second);
     holders_[number].erase(name_space.first);
-    name_space.second.erase(bucket);
+    name_space.second.erase(filed);
   }
 }

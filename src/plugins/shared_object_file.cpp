@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdint>
 #include <cstring>
 
@@ -43,15 +44,43 @@ class open_file {
                static_cast<ssize_t>(sizeof record);
   }
 
+  // Reads so many bytes or as many as there are, and returns how many.
+  std::size_t read_up_to(char* bytes, std::size_t most) const {
+    const ssize_t length = size_ == 0 ? 0 : pread(descriptor_, bytes, most, 0);
+    return length < 0 ? 0 : static_cast<std::size_t>(length);
+  }
+
  private:
   int descriptor_;
   std::uint64_t size_ = 0;  // 0 for what is not a regular file
 };
 
-bool holds_segments(const open_file& file, const Elf64_Ehdr& header) {
+// The begin of a file: in practice it holds the header and all that describes the segments, so that
+// one call of the system reads them.
+class file_begin {
+ public:
+  explicit file_begin(const open_file& file)
+      : file_(file), length_(file.read_up_to(bytes_.data(), bytes_.size())) {}
+
+  template <class Record>
+  bool read(std::uint64_t offset, Record& record) const {
+    if (offset <= length_ && sizeof record <= length_ - offset) {
+      std::memcpy(&record, bytes_.data() + offset, sizeof record);
+      return true;
+    }
+    return file_.read(offset, record);
+  }
+
+ private:
+  const open_file& file_;
+  std::array<char, 4096> bytes_;
+  std::size_t length_;
+};
+
+bool holds_segments(const open_file& file, const file_begin& begin, const Elf64_Ehdr& header) {
   for (unsigned index = 0; index < header.e_phnum; ++index) {
     Elf64_Phdr segment;
-    if (!file.read(header.e_phoff + index * sizeof segment, segment) ||
+    if (!begin.read(header.e_phoff + index * sizeof segment, segment) ||
         !file.holds(segment.p_offset, segment.p_filesz)) {
       return false;
     }
@@ -71,10 +100,11 @@ bool is_complete_shared_object(const char* path) {
   if (!file.is_open()) {
     return true;
   }
+  const file_begin begin(file);
   Elf64_Ehdr header;
-  return file.read(0, header) && std::memcmp(header.e_ident, ELFMAG, SELFMAG) == 0 &&
+  return begin.read(0, header) && std::memcmp(header.e_ident, ELFMAG, SELFMAG) == 0 &&
          header.e_ident[EI_CLASS] == ELFCLASS64 && header.e_phentsize == sizeof(Elf64_Phdr) &&
-         holds_segments(file, header) && holds_section_table(file, header);
+         holds_segments(file, begin, header) && holds_section_table(file, header);
 }
 
 }  // namespace oxa
