@@ -31,9 +31,8 @@ struct OXAInterfaceId<IOXAContext> {
 };
 
 // Makes a context that already holds the default services: message sink, progress sink, directory
-// scanner, XML parser, data type translator, interface manager and plug-in loader. The caller owns
-// one reference to
-// `*out`. S_FALSE on success; E_INVALIDARG for a null `out`; E_NOINTERFACE for an id other than
-// IID_IOXAContext; E_OUTOFMEMORY, or the result of the service that could not be added. `*out` is
-// null after a failure.
+// scanner, diagnostics manager, XML parser, data type translator, interface manager, preferences
+// and plug-in loader. The caller owns one reference to `*out`. S_FALSE on success; E_INVALIDARG for
+// a null `out`; E_NOINTERFACE for an id other than IID_IOXAContext; E_OUTOFMEMORY, or the result of
+// the service that could not be added. `*out` is null after a failure.
 extern "C" OXA_EXPORT OXAResult OXACreateContext(const _GUID& iid, void** out);

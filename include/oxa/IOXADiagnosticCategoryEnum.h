@@ -7,8 +7,9 @@
 
 class IOXADiagnosticCategory;
 
-// Walks a list of diagnostic categories. To be implemented by the library, which hands none out
-// yet; used by one thread at a time.
+// Walks the categories of a diagnostics manager or the subcategories of a category. Implemented by
+// the library; used by one thread at a time. oxa::categories (sdk/diagnostics.h) walks them in a
+// range-for.
 // Items are borrowed: the enumerator neither holds nor hands out references. Begin with GetFirst:
 // the cursor starts on the first item, so a first GetNext skips it.
 class IOXADiagnosticCategoryEnum : public IOXAReference {

@@ -1,9 +1,9 @@
 // A counter that hands out consecutive numbers.
 #pragma once
 
-// Numbers things: services, interface ids, properties. Implemented by the library and embedded in
-// its objects that number, none of which hands it out; not reference counted. Safe to call from any
-// thread.
+// Numbers things: interface ids, properties, diagnostic types. Implemented by the library and
+// embedded in its objects that number, none of which hands it out; not reference counted. Safe to
+// call from any thread.
 class IOXAId {
  public:
   // Takes the next number; the first is 0. No two calls return the same one between resets.

@@ -1,4 +1,4 @@
-// The enumerator over the registered properties.
+// The enumerator over properties.
 #pragma once
 
 #include <oxa/IOXAReference.h>
@@ -7,8 +7,8 @@
 
 class IOXAProperty;
 
-// Walks a list of properties. To be implemented by the library, which hands none out
-// yet; used by one thread at a time.
+// Walks a list of properties, as of the settings that have a value. Implemented by the library;
+// used by one thread at a time. oxa::items (sdk/ranges.h) walks it in a range-for.
 // Items are borrowed: the enumerator neither holds nor hands out references. Begin with GetFirst:
 // the cursor starts on the first item, so a first GetNext skips it.
 class IOXAPropertyEnum : public IOXAReference {

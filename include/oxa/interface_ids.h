@@ -4,8 +4,8 @@
 #include <oxa/export.h>
 #include <oxa/guid.h>
 
-// Interfaces of the library. A context serves those whose headers say so; the ids of others are
-// reserved for what is still to come, and asking a context for them gives E_NOTFOUND.
+// Interfaces of the library. A context serves those whose headers say so; asking it for another one
+// gives E_NOTFOUND.
 extern OXA_EXPORT const _GUID IID_IOXAContext;
 extern OXA_EXPORT const _GUID IID_IOXADebugMessage;
 extern OXA_EXPORT const _GUID IID_IOXAProgressIndicator;

@@ -1,66 +1,28 @@
 #include "datatypes/OXADataElement.h"
 
 #include <oxa/IOXAUserDefinedDataType.h>
-#include <oxa/sdk/guard.h>
 
 #include <limits>
 #include <utility>
+
+#include "core/set_text.h"
+#include "properties/property_range.h"
 
 using OXA::Property::DataType;
 
 namespace {
 
-struct range {
-  double minimum;
-  double maximum;
-};
-
-// Of 64-bit integers the maximum is the next power of two, which is what it rounds to.
-template <class Number>
-constexpr range range_of() {
-  return {static_cast<double>(std::numeric_limits<Number>::min()),
-          static_cast<double>(std::numeric_limits<Number>::max())};
-}
-
-// Kept: floating-point types begin at their smallest positive normal value, which is what min()
-// gives for them, so negative values and 0 are below it; and what holds no number has a range too
+// Kept: floating-point types begin at their smallest positive normal value, so negative values and
+// 0 are below it; and what holds no number has a range too
 // (DataElementTest.TheFirstDataTypeSetsItsRange).
-constexpr range default_range(DataType type) {
-  switch (type) {
-    case DataType::Char:
-      return {-128, 127};
-    case DataType::UnsignedChar:
-      return range_of<unsigned char>();
-    case DataType::Int:
-      return range_of<int>();
-    case DataType::UnsignedInt:
-      return range_of<unsigned int>();
-    case DataType::Short:
-      return range_of<short>();
-    case DataType::UnsignedShort:
-      return range_of<unsigned short>();
-    case DataType::LongLong:
-      return range_of<long long>();
-    case DataType::UnsignedLongLong:
-      return range_of<unsigned long long>();
-    case DataType::Float:
-      return range_of<float>();
-    case DataType::Double:
-      return range_of<double>();
-    default:
-      return {0, 1};
+property_range default_range(DataType type) {
+  property_range range = natural_range(type);
+  if (type == DataType::Float) {
+    range.minimum = std::numeric_limits<float>::min();
+  } else if (type == DataType::Double) {
+    range.minimum = std::numeric_limits<double>::min();
   }
-}
-
-// S_OK; E_INVALIDARG for null; E_OUTOFMEMORY with nothing changed.
-OXAResult set_text(oxa::thin_string& field, const char* text) {
-  if (text == nullptr) {
-    return E_INVALIDARG;
-  }
-  return oxa::guard([&] {
-    field = oxa::thin_string(text);
-    return S_OK;
-  });
+  return range;
 }
 
 }  // namespace
@@ -96,7 +58,7 @@ double OXADataElement::MaximumValue() { return maximum_; }
 
 bool OXADataElement::IsRangeSet() { return range_set_; }
 
-OXAResult OXADataElement::SetName(const char* name) { return set_text(texts_.name, name); }
+OXAResult OXADataElement::SetName(const char* name) { return oxa::set_text(texts_.name, name); }
 
 // Kept: only the first data type sets its range, and none does once a range is set
 // (DataElementTest.ALaterDataTypeKeepsTheRange).
@@ -105,11 +67,13 @@ OXAResult OXADataElement::SetDataType(DataType type) {
   if (range_set_) {
     return S_OK;
   }
-  const range values = default_range(type);
+  const property_range values = default_range(type);
   return SetRange(values.minimum, values.maximum);
 }
 
-OXAResult OXADataElement::SetTooltip(const char* text) { return set_text(texts_.tooltip, text); }
+OXAResult OXADataElement::SetTooltip(const char* text) {
+  return oxa::set_text(texts_.tooltip, text);
+}
 
 OXAResult OXADataElement::SetRange(double minimum, double maximum) {
   if (minimum > maximum) {
@@ -122,9 +86,9 @@ OXAResult OXADataElement::SetRange(double minimum, double maximum) {
 }
 
 OXAResult OXADataElement::SetDefaultValue(const char* text) {
-  return set_text(texts_.default_value, text);
+  return oxa::set_text(texts_.default_value, text);
 }
 
 OXAResult OXADataElement::SetUserDefinedTypeString(const char* text) {
-  return set_text(texts_.user_defined_type, text);
+  return oxa::set_text(texts_.user_defined_type, text);
 }

@@ -10,7 +10,9 @@
 
 #include "core/OXADefaultIO.h"
 #include "core/OXAInterfaceManager.h"
+#include "diagnostics/OXADiagnosticsManager.h"
 #include "plugins/OXADirectoryScanner.h"
+#include "properties/OXAPreferences.h"
 #include "properties/OXAPropertyDataTypeTranslator.h"
 #include "xml/oxa_xml_container.h"
 
@@ -18,11 +20,12 @@ namespace {
 
 using service_reference = oxa::Ref<IOXAReference>;
 
-// One step of the sequence. `create` is given the context and throws std::bad_alloc; `failure` goes
-// to the message sink when the service cannot be added, and is null for the sink itself.
+// One step of the sequence. `create` is given the context and throws std::bad_alloc, or leaves a
+// negative `result`; `failure` goes to the message sink when the service cannot be added, and is
+// null for the sink itself.
 struct default_service {
   const _GUID& iid;
-  service_reference (*create)(IOXAContext& context);
+  service_reference (*create)(IOXAContext& context, OXAResult& result);
   const char* failure;
 };
 
@@ -32,12 +35,16 @@ service_reference own(Service* service) {
 }
 
 template <class Service>
-service_reference create(IOXAContext& /*context*/) {
+service_reference create(IOXAContext& /*context*/, OXAResult& /*result*/) {
   return own(new Service());
 }
 
-service_reference create_xml_container(IOXAContext& context) {
+service_reference create_xml_container(IOXAContext& context, OXAResult& /*result*/) {
   return own(new oxa_xml_container(&context));
+}
+
+service_reference create_preferences(IOXAContext& /*context*/, OXAResult& result) {
+  return own(new OXAPreferences(result));
 }
 
 const default_service default_services[] = {
@@ -46,11 +53,15 @@ const default_service default_services[] = {
      "Unable to add ProgressIndicator to the context."},
     {IID_IOXADirectoryScanner, create<OXADirectoryScanner>,
      "Unable to add DirectoryScanner() to the context."},
+    {IID_IOXADiagnosticsManager, create<OXADiagnosticsManager>,
+     "Unable to add DiagnosticsManager() to the context."},
     {IID_IOXAXMLParser, create_xml_container, "Unable to add XMLParser() to the context."},
     {IID_IOXAPropertyDataTypeTranslator, create<OXAPropertyDataTypeTranslator>,
      "Unable to add DataTypeTranslator() to the context."},
     {IID_IOXAInterfaceManager, create<OXAInterfaceManager>,
      "Unable to add Interface Manager to the context."},
+    {IID_IOXAPreferences, create_preferences,
+     "Unable to add Preferences interface to the context."},
 };
 
 // Held while the sequence runs and released last created first, as an array ends: afterwards the
@@ -65,7 +76,10 @@ OXAResult add_default_services(IOXAContext& context) {
   IOXADebugMessage* sink = nullptr;
   std::size_t step = 0;
   for (const default_service& service : default_services) {
-    held[step] = service.create(context);
+    held[step] = service.create(context, result);
+    if (result < 0) {
+      return result;
+    }
     if (sink == nullptr) {
       sink = static_cast<IOXADebugMessage*>(held[step].get());
     }

@@ -4,7 +4,6 @@
 
 #include <dlfcn.h>
 
-#include <cstring>
 #include <string>
 
 #include <oxa/oxa.h>
@@ -18,16 +17,8 @@ using namespace oxa_test;
 
 namespace {
 
-constexpr std::size_t release = 2;
-constexpr std::size_t check = 3;
-
 constexpr std::int32_t user_defined = 16;
 constexpr std::int32_t no_data_type = -1;
-
-std::string text(void* object, std::size_t slot) {
-  const char* held = call_slot<const char*>(object, slot);
-  return held == nullptr ? "null" : held;
-}
 
 // A manager with one namespace with one empty type, and a translator, as bare pointers.
 struct RawTypes {
@@ -42,8 +33,8 @@ struct RawTypes {
   RawTypes(const RawTypes&) = delete;
   RawTypes& operator=(const RawTypes&) = delete;
   ~RawTypes() {
-    call_slot<std::int64_t>(manager, release);
-    call_slot<std::int64_t>(translator, release);
+    call_slot<std::int64_t>(manager, release_slot);
+    call_slot<std::int64_t>(translator, release_slot);
   }
 
   // Makes a member; with a name it is added to the type.
@@ -68,23 +59,17 @@ TEST(DataTypeSlotsTest, EveryObjectBeginsWithTheReferenceOperations) {
   const RawTypes types;
   void* const element = types.make_element("x");
   for (void* object : {types.manager, types.name_space, types.type, element, types.translator}) {
-    const auto count = call_slot<std::int64_t>(object, check);
+    const auto count = call_slot<std::int64_t>(object, check_slot);
     EXPECT_EQ(call_slot<std::int64_t>(object, 1), count + 1);
-    EXPECT_EQ(call_slot<std::int64_t>(object, check), count + 1);
-    EXPECT_EQ(call_slot<std::int64_t>(object, release), count);
+    EXPECT_EQ(call_slot<std::int64_t>(object, check_slot), count + 1);
+    EXPECT_EQ(call_slot<std::int64_t>(object, release_slot), count);
   }
-  EXPECT_EQ(call_slot<std::int64_t>(types.manager, check), 1);
-  EXPECT_EQ(call_slot<std::int64_t>(types.name_space, check), 1);
-  EXPECT_EQ(call_slot<std::int64_t>(types.type, check), 1);
-  EXPECT_EQ(call_slot<std::int64_t>(element, check), 1);
-  EXPECT_EQ(call_slot<std::int64_t>(types.translator, check), 3);  // also the context's, manager's
-}
-
-// Two words in front of a table stands how far its part of the object is from the start of it.
-std::ptrdiff_t offset_to_top(void* part) {
-  std::ptrdiff_t offset = 1;
-  std::memcpy(&offset, *static_cast<char**>(part) - 16, sizeof offset);
-  return offset;
+  EXPECT_EQ(call_slot<std::int64_t>(types.manager, check_slot), 1);
+  EXPECT_EQ(call_slot<std::int64_t>(types.name_space, check_slot), 1);
+  EXPECT_EQ(call_slot<std::int64_t>(types.type, check_slot), 1);
+  EXPECT_EQ(call_slot<std::int64_t>(element, check_slot), 1);
+  EXPECT_EQ(call_slot<std::int64_t>(types.translator, check_slot),
+            3);  // also the context's, manager's
 }
 
 TEST(DataTypeSlotsTest, TheInterfaceIsAtTheStartOfTheObjectAndTheReferenceBaseBehindIt) {
@@ -94,7 +79,8 @@ TEST(DataTypeSlotsTest, TheInterfaceIsAtTheStartOfTheObjectAndTheReferenceBaseBe
     void* const base = static_cast<char*>(object) + 8;
     EXPECT_EQ(offset_to_top(object), 0);
     EXPECT_EQ(offset_to_top(base), -8);
-    EXPECT_EQ(call_slot<std::int64_t>(base, check), call_slot<std::int64_t>(object, check));
+    EXPECT_EQ(call_slot<std::int64_t>(base, check_slot),
+              call_slot<std::int64_t>(object, check_slot));
   }
 }
 
@@ -118,17 +104,17 @@ TEST(DataTypeSlotsTest, Translator) {
 TEST(DataTypeSlotsTest, ElementTexts) {
   const RawTypes types;
   void* const element = types.make_element("x");
-  EXPECT_EQ(text(element, 4), "x");
-  EXPECT_EQ(text(element, 5), "p");
-  EXPECT_EQ(text(element, 7), "null");
-  EXPECT_EQ(text(element, 8), "null");
-  EXPECT_EQ(text(element, 9), "0");
+  EXPECT_EQ(text_in(element, 4), "x");
+  EXPECT_EQ(text_in(element, 5), "p");
+  EXPECT_EQ(text_in(element, 7), "null");
+  EXPECT_EQ(text_in(element, 8), "null");
+  EXPECT_EQ(text_in(element, 9), "0");
   EXPECT_EQ(call_slot<OXAResult>(element, 15, "help"), S_OK);
   EXPECT_EQ(call_slot<OXAResult>(element, 17, "7"), S_OK);
   EXPECT_EQ(call_slot<OXAResult>(element, 18, "p::point"), S_OK);
-  EXPECT_EQ(text(element, 7), "help");
-  EXPECT_EQ(text(element, 8), "p::point");
-  EXPECT_EQ(text(element, 9), "7");
+  EXPECT_EQ(text_in(element, 7), "help");
+  EXPECT_EQ(text_in(element, 8), "p::point");
+  EXPECT_EQ(text_in(element, 9), "7");
 }
 
 TEST(DataTypeSlotsTest, ElementTypeAndRange) {
@@ -149,9 +135,9 @@ TEST(DataTypeSlotsTest, ElementTypeAndRange) {
 TEST(DataTypeSlotsTest, Type) {
   const RawTypes types;
   void* found = nullptr;
-  EXPECT_EQ(text(types.type, 4), "point");
-  EXPECT_EQ(text(types.type, 5), "p");
-  EXPECT_EQ(text(types.type, 6), "struct");
+  EXPECT_EQ(text_in(types.type, 4), "point");
+  EXPECT_EQ(text_in(types.type, 5), "p");
+  EXPECT_EQ(text_in(types.type, 6), "struct");
   EXPECT_EQ(call_slot<int>(types.type, 11), 0);
   void* const first = types.make_element("x");
   void* const second = types.make_element("y");
@@ -167,7 +153,7 @@ TEST(DataTypeSlotsTest, Namespace) {
   void* first = nullptr;
   void* second = nullptr;
   void* found = nullptr;
-  EXPECT_EQ(text(types.name_space, 4), "p");
+  EXPECT_EQ(text_in(types.name_space, 4), "p");
   EXPECT_EQ(call_slot<OXAResult>(types.name_space, 5, "line", "struct", &second), S_OK);
   EXPECT_EQ(call_slot<OXAResult>(types.name_space, 6, &first), S_OK);
   EXPECT_EQ(call_slot<OXAResult>(types.name_space, 7, &second), S_OK);
@@ -266,7 +252,7 @@ TEST(DataTypeSlotsTest, TheFactoryIsFoundByItsPlainName) {
   ASSERT_NE(factory, nullptr);
   EXPECT_EQ(factory(nullptr, &IID_IOXAUserDefinedDataTypeManager, &manager), S_OK);
   EXPECT_EQ(manager, types.manager);
-  EXPECT_EQ(call_slot<std::int64_t>(manager, release), 1);
+  EXPECT_EQ(call_slot<std::int64_t>(manager, release_slot), 1);
 }
 
 }  // namespace

@@ -153,6 +153,10 @@ TEST(FactoryTest, ANullOutputComesBeforeAForeignId) {
   EXPECT_EQ(OXACreateUserDefinedDataTypeManager(nullptr, IID_IOXAPlugin, nullptr), E_INVALIDARG);
 }
 
+TEST(FactoryTest, ANullOutputIsRefusedWhereThereIsNoId) {
+  EXPECT_EQ(OXACreateDiagnosticsManager(nullptr), E_INVALIDARG);
+}
+
 TEST(FactoryTest, AForeignIdIsRefusedWithANullOutput) {
   OXAInterfaceList list;
   void* out = &list;
@@ -180,8 +184,11 @@ TEST(FactoryTest, WhatAFactoryMadeHasOneReferenceOfTheCaller) {
   oxa::Ref<IOXAInterfaceEnum> enumerator;
   oxa::Ref<IOXAContext> context;
   oxa::Ref<IOXAXMLParser> parser;
+  oxa::Ref<IOXADiagnosticsManager> diagnostics;
   OXACreateXMLParser(IID_IOXAXMLParser, oxa::adopt_into(parser));
   EXPECT_EQ(parser->CheckReference(), 1);
+  OXACreateDiagnosticsManager(oxa::adopt_into(diagnostics));
+  EXPECT_EQ(diagnostics->CheckReference(), 1);
   OXACreateInterfaceEnum(&list, false, IID_IOXAInterfaceEnum, oxa::adopt_into(enumerator));
   OXACreateContext(IID_IOXAContext, oxa::adopt_into(context));
   EXPECT_EQ(enumerator->CheckReference(), 1);

@@ -40,8 +40,8 @@ TEST(ObjectSlotsTest, EveryServiceBeginsWithTheReferenceOperations) {
   expect_reference_operations(host.context.get());
   for (const _GUID* iid :
        {&IID_IOXADebugMessage, &IID_IOXAProgressIndicator, &IID_IOXADirectoryScanner,
-        &IID_IOXAInterfaceManager, &IID_IOXAPluginLoader, &IID_IOXAXMLParser,
-        &IID_IOXAPropertyDataTypeTranslator}) {
+        &IID_IOXADiagnosticsManager, &IID_IOXAXMLParser, &IID_IOXAPropertyDataTypeTranslator,
+        &IID_IOXAInterfaceManager, &IID_IOXAPreferences, &IID_IOXAPluginLoader}) {
     expect_reference_operations(host.service(*iid));
   }
 }

@@ -4,6 +4,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <string>
 #include <typeinfo>
 #include <utility>
 
@@ -20,6 +22,22 @@ Function slot_of(void* object, std::size_t slot) {
 template <class Result, class... Arguments>
 Result call_slot(void* object, std::size_t slot, Arguments... arguments) {
   return slot_of<Result (*)(void*, Arguments...)>(object, slot)(object, arguments...);
+}
+
+constexpr std::size_t release_slot = 2;
+constexpr std::size_t check_slot = 3;
+
+// Calls a slot whose function returns a text, which may be null.
+inline std::string text_in(void* object, std::size_t slot) {
+  const char* held = call_slot<const char*>(object, slot);
+  return held == nullptr ? "null" : held;
+}
+
+// Two words in front of a table stands how far its part of the object is from the start of it.
+inline std::ptrdiff_t offset_to_top(void* part) {
+  std::ptrdiff_t offset = 1;
+  std::memcpy(&offset, *static_cast<char**>(part) - 16, sizeof offset);
+  return offset;
 }
 
 // A table that stands for a class. In front of the functions it has what sanitizers look at: the

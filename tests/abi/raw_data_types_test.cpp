@@ -9,33 +9,11 @@
 #include <oxa/oxa.h>
 
 #include "abi/raw.h"
+#include "abi/raw_object.h"
 
 using namespace oxa_test;
 
 namespace {
-
-// An object whose functions note their calls, all in one text, by its letter and the slot.
-struct RawObject {
-  const void* table;
-  char letter;
-  std::string* calls;
-  std::int64_t count = 1;
-};
-
-void note(RawObject* self, const std::string& slot) { *self->calls += self->letter + slot + " "; }
-
-std::int64_t add(RawObject* self) {
-  note(self, "1");
-  return ++self->count;
-}
-
-std::int64_t release(RawObject* self) {
-  note(self, "2");
-  return --self->count;
-}
-
-// Fills the slots that must not be called.
-void no() { ADD_FAILURE() << "a slot was called that has no business here"; }
 
 struct RawElement;
 

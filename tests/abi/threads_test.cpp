@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <initializer_list>
 #include <sstream>
 #include <thread>
 
@@ -37,35 +38,47 @@ oxa::Ref<IOXAContext> make_context() {
   return context;
 }
 
+template <class Objects>
+void reference_in_many_threads(const Objects& objects) {
+  in_many_threads([&] {
+    for (IOXAReference* object : objects) {
+      object->AddReference();
+      object->CheckReference();
+      object->ReleaseReference();
+    }
+  });
+}
+
 TEST(ThreadsTest, ReferencesAreCountedAcrossThreads) {
   const auto context = make_context();
-  in_many_threads([&] {
-    context->AddReference();
-    context->CheckReference();
-    context->ReleaseReference();
-  });
+  reference_in_many_threads(std::initializer_list<IOXAReference*>{context.get()});
   EXPECT_EQ(context->CheckReference(), 1);
+}
+
+// Drops the two references to an object in two threads, and expects that one of them ended it.
+void expect_one_thread_to_end(IOXAReference* object) {
+  std::int64_t left[2] = {-1, -1};
+  std::thread other([&] { left[0] = object->ReleaseReference(); });
+  left[1] = object->ReleaseReference();
+  other.join();
+  EXPECT_EQ(std::min(left[0], left[1]), 0);
+  EXPECT_EQ(std::max(left[0], left[1]), 1);
 }
 
 TEST(ThreadsTest, ExactlyOneThreadDropsTheLastReference) {
   for (int round = 0; round < rounds; ++round) {
     IOXAContext* context = make_context().detach();
     context->AddReference();
-    std::int64_t left[2] = {-1, -1};
-    std::thread other([&] { left[0] = context->ReleaseReference(); });
-    left[1] = context->ReleaseReference();
-    other.join();
-    EXPECT_EQ(std::min(left[0], left[1]), 0);
-    EXPECT_EQ(std::max(left[0], left[1]), 1);
+    expect_one_thread_to_end(context);
   }
 }
 
 TEST(ThreadsTest, ServicesCanBeFetchedByAllThreads) {
   const auto context = make_context();
-  const _GUID* const ids[] = {&IID_IOXADebugMessage,     &IID_IOXAProgressIndicator,
-                              &IID_IOXADirectoryScanner, &IID_IOXAInterfaceManager,
-                              &IID_IOXAPluginLoader,     &IID_IOXAPropertyDataTypeTranslator,
-                              &IID_IOXAXMLParser};
+  const _GUID* const ids[] = {
+      &IID_IOXADebugMessage,       &IID_IOXAProgressIndicator, &IID_IOXADirectoryScanner,
+      &IID_IOXAInterfaceManager,   &IID_IOXAPluginLoader,      &IID_IOXAPropertyDataTypeTranslator,
+      &IID_IOXADiagnosticsManager, &IID_IOXAPreferences,       &IID_IOXAXMLParser};
   in_many_threads([&] {
     for (const _GUID* iid : ids) {
       oxa::Ref<IOXAReference> service;
@@ -108,13 +121,7 @@ TEST(ThreadsTest, DataTypesAreReferencedByAllThreads) {
   const auto translator = oxa::service<IOXAPropertyDataTypeTranslator>(types.context.get());
   IOXAReference* const objects[] = {types.manager.get(), types.name_space, types.type,
                                     types.element, translator.get()};
-  in_many_threads([&] {
-    for (IOXAReference* object : objects) {
-      object->AddReference();
-      object->CheckReference();
-      object->ReleaseReference();
-    }
-  });
+  reference_in_many_threads(objects);
   for (IOXAReference* object : objects) {
     EXPECT_EQ(object->CheckReference(), object == translator.get() ? 3 : 1);
   }
@@ -145,11 +152,66 @@ TEST(ThreadsTest, ExactlyOneThreadEndsTheManager) {
     Types types;
     IOXAUserDefinedDataTypeManager* manager = types.manager.detach();
     manager->AddReference();
-    std::int64_t left[2] = {-1, -1};
-    std::thread other([&] { left[0] = manager->ReleaseReference(); });
-    left[1] = manager->ReleaseReference();
+    expect_one_thread_to_end(manager);
+  }
+}
+
+// A setting, the list of settings, and a row of the table of diagnostics.
+struct Findings {
+  Findings() : context(make_context()) {
+    preferences = oxa::service<IOXAPreferences>(context);
+    diagnostics = oxa::service<IOXADiagnosticsManager>(context);
+    preferences->Add("a", "x", &property);
+    preferences->GetPreferencePropertiesEnum(oxa::adopt_into(settings));
+    diagnostics->CreateCategory("findings", &category);
+    category->CreateDiagnostic(oxa::adopt_into(row));
+  }
+
+  oxa::Ref<IOXAContext> context;
+  oxa::Ref<IOXAPreferences> preferences;
+  oxa::Ref<IOXADiagnosticsManager> diagnostics;
+  oxa::Ref<IOXAPropertyEnum> settings;
+  oxa::Ref<IOXADiagnostic> row;
+  IOXAProperty* property = nullptr;
+  IOXADiagnosticCategory* category = nullptr;
+};
+
+TEST(ThreadsTest, PropertiesAndDiagnosticsAreReferencedByAllThreads) {
+  const Findings findings;
+  IOXAReference* const objects[] = {findings.property, findings.settings.get(), findings.category,
+                                    findings.row.get()};
+  reference_in_many_threads(objects);
+  for (IOXAReference* object : objects) {
+    EXPECT_EQ(object->CheckReference(), 1);
+  }
+}
+
+TEST(ThreadsTest, ExactlyOneThreadEndsAPropertyAndADiagnostic) {
+  Findings findings;
+  for (int round = 0; round < rounds; ++round) {
+    IOXAProperty* clone = nullptr;
+    findings.property->Clone(&clone);
+    clone->AddReference();
+    expect_one_thread_to_end(clone);
+    IOXADiagnostic* row = nullptr;
+    findings.category->CreateDiagnostic(&row);
+    row->AddReference();
+    expect_one_thread_to_end(row);
+  }
+}
+
+// They share the text that names their namespace.
+TEST(ThreadsTest, PropertiesOfOneNamespaceEndInDifferentThreads) {
+  for (int round = 0; round < rounds; ++round) {
+    oxa::Ref<IOXAProperty> held[2];
+    {
+      const Findings findings;
+      findings.preferences->Add("a", "x", oxa::share_into(held[0]));
+      findings.preferences->Add("a", "y", oxa::share_into(held[1]));
+    }
+    std::thread other([&] { held[0].reset(); });
+    held[1].reset();
     other.join();
-    EXPECT_EQ(left[0] + left[1], 1);
   }
 }
 

@@ -7,8 +7,11 @@
 #include <type_traits>
 #include <utility>
 
+#include <oxa/IOXADiagnosticsManager.h>
+#include <oxa/IOXAProperty.h>
 #include <oxa/OXAVariant.h>
 #include <oxa/data_type.h>
+#include <oxa/diagnostic_types.h>
 
 namespace {
 
@@ -131,6 +134,20 @@ TEST(ValueLayoutTest, DataTypes) {
     std::memcpy(&held, &type, sizeof held);
     EXPECT_EQ(held, number);
   }
+}
+
+template <class Enumeration>
+void expect_signed_32_bits() {
+  EXPECT_EQ(sizeof(Enumeration), 4);
+  EXPECT_TRUE((std::is_same_v<std::underlying_type_t<Enumeration>, std::int32_t>));
+  EXPECT_EQ(static_cast<int>(Enumeration{}), 0);
+}
+
+TEST(ValueLayoutTest, EnumerationsOfTheApplicationHave32Bits) {
+  expect_signed_32_bits<OXA::Property::Type>();
+  expect_signed_32_bits<OXA::Diagnostics::Severity>();
+  expect_signed_32_bits<OXA::Diagnostics::Type>();
+  expect_signed_32_bits<IOXADiagnosticsManager::Operation>();
 }
 
 }  // namespace

@@ -16,9 +16,6 @@ using namespace oxa_test;
 
 namespace {
 
-constexpr std::size_t release = 2;
-constexpr std::size_t check = 3;
-
 constexpr std::size_t parser_destroy_document = 9;
 constexpr std::size_t document_get_root = 14;
 constexpr std::size_t document_destroy = 17;
@@ -35,7 +32,7 @@ void* make_document(const char* input) {
   void* document = nullptr;
   EXPECT_EQ(call_slot<OXAResult>(parser, 5, input, &document), S_OK);
   EXPECT_EQ(call_slot<OXAResult>(document, 8), S_OK);
-  EXPECT_EQ(call_slot<std::int64_t>(parser, release), 0);
+  EXPECT_EQ(call_slot<std::int64_t>(parser, release_slot), 0);
   return document;
 }
 
@@ -62,14 +59,14 @@ std::string names_of(void* enumerator) {
     names += name_of(element);
   }
   EXPECT_EQ(call_slot<unsigned long>(enumerator, 6), names.size());
-  EXPECT_EQ(call_slot<std::int64_t>(enumerator, release), 0);
+  EXPECT_EQ(call_slot<std::int64_t>(enumerator, release_slot), 0);
   return names;
 }
 
 void expect_reference_operations(void* object, std::int64_t count) {
-  EXPECT_EQ(call_slot<std::int64_t>(object, check), count);
+  EXPECT_EQ(call_slot<std::int64_t>(object, check_slot), count);
   EXPECT_EQ(call_slot<std::int64_t>(object, 1), count + 1);
-  EXPECT_EQ(call_slot<std::int64_t>(object, release), count);
+  EXPECT_EQ(call_slot<std::int64_t>(object, release_slot), count);
 }
 
 TEST(XMLSlotsTest, EveryObjectBeginsWithTheReferenceOperations) {
@@ -81,7 +78,7 @@ TEST(XMLSlotsTest, EveryObjectBeginsWithTheReferenceOperations) {
   call_slot<OXAResult>(tree.root, 14, &attributes);
   for (void* object : {parser, elements, attributes}) {
     expect_reference_operations(object, 1);
-    EXPECT_EQ(call_slot<std::int64_t>(object, release), 0);
+    EXPECT_EQ(call_slot<std::int64_t>(object, release_slot), 0);
   }
   expect_reference_operations(tree.document, 1);
   expect_reference_operations(tree.root, 2);
@@ -213,7 +210,7 @@ TEST(XMLSlotsTest, Parser) {
   EXPECT_EQ(call_slot<std::int64_t>(document, 1), 2);
   EXPECT_EQ(call_slot<OXAResult>(parser, parser_destroy_document, document), E_HANDLE);
   EXPECT_EQ(call_slot<OXAResult>(parser, parser_destroy_document, document), S_OK);
-  EXPECT_EQ(call_slot<std::int64_t>(parser, release), 0);
+  EXPECT_EQ(call_slot<std::int64_t>(parser, release_slot), 0);
 }
 
 // Makes one object of each class that is nobody else's, with its first slot after the interface.
@@ -227,7 +224,7 @@ void* make_empty_document() {
   void* parser = make_parser();
   void* document = nullptr;
   call_slot<OXAResult>(parser, 6, &document);
-  call_slot<std::int64_t>(parser, release);
+  call_slot<std::int64_t>(parser, release_slot);
   return document;
 }
 
@@ -244,7 +241,7 @@ void* make_attribute_enum() {
   void* element = make_element();
   void* attributes = nullptr;
   call_slot<OXAResult>(element, 14, &attributes);
-  call_slot<std::int64_t>(element, release);
+  call_slot<std::int64_t>(element, release_slot);
   return attributes;
 }
 
@@ -282,7 +279,7 @@ TEST(XMLSlotsTest, TheDeletingDestructorOfAParsedElementEndsItsTree) {
   call_slot<OXAResult>(document, 8);
   call_slot<OXAResult>(document, document_get_root, &root);
   call_slot<OXAResult>(document, 5, static_cast<const wchar_t*>(nullptr));
-  EXPECT_EQ(call_slot<std::int64_t>(document, release), 0);
+  EXPECT_EQ(call_slot<std::int64_t>(document, release_slot), 0);
   EXPECT_GT(live_allocations(), 0);
   call_slot<void>(root, 23);
   EXPECT_LT(live_allocations(), before);
