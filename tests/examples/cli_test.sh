@@ -53,7 +53,8 @@ as_anybody() {
 
 help() {
   graph 0 --help
-  shows "Exit codes: 0 done; 1 failed; 2 the command line makes no sense; 130 stopped"
+  shows "Exit codes: 0 done; 1 failed; 2 the command line makes no sense; 3 done, and"
+  shows "A GraphML file keeps values of nodes, edges and the graph as well; as OUTPUT it"
   [ ! -s err ] || fail "errors"
 }
 
@@ -68,7 +69,7 @@ list() {
     fail "no reader"
   grep -qE '^algorithms +IOXAAlgorithm +strength +Strength 1.0 +strength.so$' out || fail "no strength"
   [ "$(awk 'NR == 1 {print index($0, "FILE")}' out)" = \
-    "$(awk '/^writers/ {print index($0, "svg_writer.so")}' out)" ] || fail "columns do not line up"
+    "$(awk '/^writers.*svg_writer/ {print index($0, "svg_writer.so")}' out)" ] || fail "columns do not line up"
 }
 
 list_of_record_types() {
@@ -133,7 +134,7 @@ usage_errors() {
   graph 2 --list=x
   says 'the option --list takes no value; leave out "=x"'
   graph 2 --theme pink small.txt a.svg
-  says 'there is no theme "pink"; use auto, light or dark'
+  says 'the option --theme cannot be "pink"; use one of auto, light, dark'
   only_files ""
 }
 
@@ -151,10 +152,19 @@ unknown_names() {
   graph 2 --algorithms degree,pagernk small.txt a.svg
   says "there is no algorithm \"pagernk\"; use one of $known (perhaps \"pagerank\")"
   graph 2 --size-by xyzzy small.txt a.svg
-  says "there is no algorithm \"xyzzy\"; use one of $known"
+  says "the option --size-by cannot be \"xyzzy\"; use one of none, $known"
   graph 2 --layout round small.txt a.svg
-  says 'there is no layout "round"; use one of circle, force'
+  says 'the option --layout cannot be "round"; use one of circle, force'
   only_files ""
+}
+
+usual_algorithms_may_be_missing() {
+  mkdir some
+  cp "$plugins"/{edge_list_reader,components,force_layout,svg_writer}.so some
+  plugins=some
+  graph 0 small.txt a.svg
+  graph 2 --algorithms degree,community small.txt a.svg
+  says 'there is no algorithm "degree"; use one of component'
 }
 
 unfit_columns() {
@@ -198,9 +208,9 @@ malformed_input() {
 unknown_extensions() {
   cp small.txt small.xyz
   graph 2 small.xyz a.svg
-  says 'cannot read "small.xyz": no plug-in knows ".xyz"; use a name that ends in .txt or .edges or .edgelist'
+  says 'cannot read "small.xyz": no plug-in knows ".xyz"; use a name that ends in .txt or .edges or .edgelist or .graphml'
   graph 2 small.txt picture
-  says 'cannot write "picture": its name has no extension; use a name that ends in .svg'
+  says 'cannot write "picture": its name has no extension; use a name that ends in .graphml or .svg'
 }
 
 extensions_in_any_case() {
@@ -436,6 +446,178 @@ summary_of_small_graphs() {
   "$program" --plugins "$plugins" one.txt a.svg > out 2> err || fail "exit code $?"
   shows "one.txt: 1 node, 1 edge"
   grep -qE '^community +1 group of 1 node$' out || fail "groups of one node"
+}
+
+# The lines that --settings shows of the setting $1.
+lines_of() { grep -F -A 2 "  $1=" out; }
+
+settings() {
+  graph 0 --settings --theme dark --set checks::most-rows=7
+  [ ! -s err ] || fail "errors"
+  [ "$(lines_of picture::theme)" = '  picture::theme=dark
+      theme: colours of the page; auto follows the viewer
+      enum: auto, light, dark (default: auto)' ] || fail "theme"
+  lines_of checks::most-rows | grep -qF 'int: from 1 to 1000000 (default: 20)' || fail "range"
+  shows '  checks::most-rows=7'
+  shows "  plugins::folder=$plugins"
+  lines_of layout::name | grep -qF 'enum: circle, force (default: force)' || fail "layouts"
+  [ "$(grep -E '^[A-Z]' out | tr '\n' ' ')" = "Algorithms Layout Picture Plug-ins Checks " ] ||
+    fail "groups"
+}
+
+settings_of_plugins() {
+  add_plugins graph_reporting
+  graph 0 --settings --set force_layout::rounds=7
+  shows '  force_layout::rounds=7'
+  lines_of force_layout::rounds | grep -qF 'int: from 0 to 100000 (default: 500)' || fail "range"
+  [ "$(lines_of reporting::plain)" = '  reporting::plain=some
+      plain
+      string' ] || fail "plain"
+  ! grep -q hidden out || fail "a setting that is not to be shown"
+}
+
+# Each option and its setting do the same.
+set_and_short_forms() {
+  local option path value
+  while read -r option path value; do
+    graph 0 "--$option" "$value" small.txt a.svg
+    graph 0 --set "$path=$value" small.txt b.svg
+    graph 0 --set "$path=" small.txt c.svg
+    cmp -s a.svg b.svg || fail "--$option and $path differ"
+    ! cmp -s a.svg c.svg || fail "--$option changes nothing"
+  done <<< 'theme picture::theme dark
+title picture::title Anything
+size-by picture::size-by none
+color-by picture::color-by closeness
+layout layout::name circle
+algorithms algorithms::names degree'
+  graph 1 --set plugins::folder="$work/none" small.txt a.svg
+  graph 0 --set plugins::folder="$work/none" --plugins "$plugins" small.txt a.svg
+}
+
+bad_settings() {
+  graph 2 --set picture::them=dark small.txt a.svg
+  says 'there is no setting "picture::them" (perhaps picture::theme); see oxa-graph --settings'
+  graph 2 --set force_layout::round=7 small.txt a.svg
+  says 'there is no setting "force_layout::round" (perhaps force_layout::rounds); see oxa-graph --settings'
+  graph 2 --set picture::theme=drak small.txt a.svg
+  says 'the setting picture::theme cannot be "drak"; use one of auto, light, dark (perhaps "dark")'
+  graph 2 --set checks::most-rows=0 --check small.txt
+  says 'the setting checks::most-rows cannot be "0"; use a whole number from 1 to 1000000'
+  graph 2 --set force_layout::rounds=1e3 small.txt a.svg
+  says 'the setting force_layout::rounds cannot be "1e3"; use a whole number from 0 to 100000'
+  graph 2 --set centralities::damping=1 small.txt a.svg
+  says 'the setting centralities::damping cannot be "1"; use a number from 0.01 to 0.99'
+  graph 2 --set checks::self-loops=no --check small.txt
+  says 'the setting checks::self-loops cannot be "no"; use true or false'
+  graph 2 --set theme=dark small.txt a.svg
+  says 'the option --set takes NAMESPACE::NAME=VALUE, not "theme=dark"; see oxa-graph --settings'
+  graph 2 --set picture::theme small.txt a.svg
+  says 'the option --set takes NAMESPACE::NAME=VALUE, not "picture::theme"; see oxa-graph --settings'
+  graph 2 small.txt a.svg --set
+  says 'the option --set has no value; give one behind it'
+  graph 2 --set picture::size-by=community small.txt a.svg
+  says 'the setting picture::size-by cannot show "community", whose values are no quantities; name an algorithm that measures'
+  only_files ""
+}
+
+settings_of_plugins_are_used() {
+  graph 0 "$data" a.svg
+  graph 0 --set force_layout::rounds=3 "$data" b.svg
+  ! cmp -s a.svg b.svg || fail "the rounds change nothing"
+}
+
+check() {
+  printf 'a b\nb a\nÄpfel Äpfel\n' > odd.txt
+  "$program" --plugins "$plugins" --check odd.txt > out 2> err
+  [ $? -eq 3 ] || fail "exit code"
+  [ "$(cat out)" = 'CATEGORY        SEVERITY  FINDING        WHERE  COUNT
+self loops      warning   self loop      Äpfel  1
+parallel edges  warning   parallel edge  a - b  2
+isolated nodes  note      isolated node  Äpfel  -
+
+self loop      an edge from a node to itself
+parallel edge  one of several edges that join the same two nodes
+isolated node  a node that no edge joins to another one
+
+odd.txt: 3 nodes, 3 edges; 1 self loop, 2 parallel edges, 1 isolated node' ] || fail "table"
+  only_files "./odd.txt "
+}
+
+check_values_out_of_range() {
+  cat > ages.graphml << 'END'
+<graphml xmlns="http://graphml.graphdrawing.org/xmlns" xmlns:oxa="urn:oxa-graph:1">
+  <key id="d0" for="node" attr.name="age" attr.type="int" oxa:min="0" oxa:max="120"/>
+  <graph edgedefault="undirected">
+    <node id="Ann"><data key="d0">121</data></node>
+    <node id="Bob"><data key="d0">120</data></node>
+    <edge source="Ann" target="Bob"/>
+  </graph>
+</graphml>
+END
+  "$program" --plugins "$plugins" --check ages.graphml > out 2> err
+  [ $? -eq 3 ] || fail "exit code"
+  [ "$(head -n 2 out)" = 'CATEGORY             SEVERITY  FINDING             WHERE     VALUE
+values out of range  warning   out-of-range value  Ann: age  121' ] || fail "table"
+}
+
+check_finds_nothing() {
+  "$program" --plugins "$plugins" --check small.txt > out 2> err || fail "exit code $?"
+  [ "$(cat out)" = "small.txt: 3 nodes, 2 edges; no findings" ] || fail "output"
+  echo 'a a' > loop.txt
+  graph 0 --check --set checks::least-severity=error loop.txt
+  graph 0 --check --set checks::self-loops=false --set checks::isolated-nodes=false loop.txt
+  graph 3 --check --set checks::least-severity=warning loop.txt
+}
+
+check_says_little_when_quiet() {
+  echo 'a a' > loop.txt
+  graph 3 --check loop.txt
+  [ ! -s out ] && [ ! -s err ] || fail "not silent"
+}
+
+check_errors() {
+  graph 2 --check
+  says 'the name of the input file is missing; give INPUT, or see oxa-graph --help'
+  graph 2 --check small.txt a.svg
+  says 'the argument "a.svg" is one too many; quote names with blanks, and give no output with --check'
+  graph 1 --check none.txt
+  says 'cannot read "none.txt": No such file or directory; check the path'
+  graph 2 --check small.xyz
+  shows 'cannot read "small.xyz": no plug-in knows ".xyz"; use a name that ends in ' err
+  graph 2 --check --algorithms xyzzyxyzzy small.txt
+  "$program" --plugins "$plugins" --check small.txt > /dev/full 2> err
+  [ $? -eq 1 ] || fail "exit code"
+  shows 'oxa-graph: cannot write to standard output; check where it leads' err
+}
+
+modes() {
+  graph 2 --list --check small.txt
+  says 'the options --list and --check do not go together; give one of them'
+  graph 2 --settings small.txt
+  says 'the argument "small.txt" is one too many; quote names with blanks, and give no files with --settings'
+  graph 2 --list small.txt
+  says 'the argument "small.txt" is one too many; quote names with blanks, and give no files with --list'
+}
+
+summary_of_findings() {
+  printf 'a a\nb b\nb c\n' > loops.txt
+  "$program" --plugins "$plugins" loops.txt a.svg > out 2> err || fail "exit code $?"
+  grep -qFx '2 self loops, 1 isolated node; oxa-graph --check shows them' out || fail "no summary"
+  shows "oxa-graph: checking loops.txt" err
+  "$program" --plugins "$plugins" small.txt a.svg > out 2> err || fail "exit code $?"
+  ! grep -q -- --check out || fail "findings in a sound graph"
+}
+
+findings_of_plugins() {
+  add_plugins graph_reporting
+  "$program" --plugins "$plugins" --algorithms reporting small.txt a.svg > out 2> err ||
+    fail "exit code $?"
+  grep -qFx '1 odd thing; oxa-graph --check shows them' out || fail "no summary"
+  graph 0 --check small.txt
+  "$program" --plugins "$plugins" --check --algorithms reporting small.txt > out 2> err
+  [ $? -eq 3 ] || fail "exit code"
+  grep -qE '^reports +error +odd thing +here +0.5$' out || fail "no row"
 }
 
 "$case_name"

@@ -1,3 +1,4 @@
+#include <graph_plugin.h>
 #include <graph_store.h>
 #include <gtest/gtest.h>
 
@@ -99,6 +100,12 @@ TEST(GraphStoreTest, RunningOutOfMemoryAddsNothing) {
     const OXAResult result = graph->AddNode("a label that needs memory of its own", &node);
     EXPECT_EQ(graph->GetNodeCount(), result == S_OK ? 1U : 0U);
     EXPECT_TRUE(result == S_OK || result == E_OUTOFMEMORY);
+    const double value = 1;
+    const char* const name = "a column whose name needs memory of its own";
+    const OXAResult set =
+        graph->SetColumn(name, GraphColumnKind::measure, &value, graph->GetNodeCount());
+    EXPECT_EQ(graph->GetColumnName(0) != nullptr, set == S_OK);
+    EXPECT_EQ(graph::find_column(*graph, name) != nullptr, set == S_OK);
   });
 }
 

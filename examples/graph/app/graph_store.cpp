@@ -1,5 +1,6 @@
 #include "graph_store.h"
 
+#include <graph_plugin.h>
 #include <oxa/sdk/guard.h>
 #include <oxa/sdk/implements.h>
 
@@ -11,6 +12,8 @@
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+#include "attribute_store.h"
 
 namespace {
 
@@ -28,6 +31,9 @@ bool are_classes(const double* values, std::uint64_t count) {
 
 class GraphStore final : public oxa::Implements<IGraph> {
  public:
+  explicit GraphStore(oxa::Ref<IOXAPreferences> preferences)
+      : attributes_(std::move(preferences)) {}
+
   OXAResult AddNode(const char* label, std::uint64_t* node) override;
   OXAResult AddEdge(std::uint64_t source, std::uint64_t target, double weight) override;
   std::uint64_t GetNodeCount() override { return labels_.size(); }
@@ -38,6 +44,20 @@ class GraphStore final : public oxa::Implements<IGraph> {
                       std::uint64_t count) override;
   OXAResult GetColumn(const char* name, GraphColumnKind* kind, const double** values) override;
   const char* GetColumnName(std::uint64_t column) override;
+  OXAResult AddAttribute(GraphPart part, const char* name, OXA::Property::DataType type,
+                         std::uint64_t* attribute) override {
+    return attributes_.add(part, name, type, attribute);
+  }
+  IOXAProperty* GetAttribute(GraphPart part, std::uint64_t attribute) override {
+    return attributes_.description(part, attribute);
+  }
+  OXAResult SetValue(GraphPart part, std::uint64_t attribute, std::uint64_t item,
+                     const OXAVariant& value) override {
+    return has(part, item) ? attributes_.set(part, attribute, item, value) : E_INVALIDARG;
+  }
+  const OXAVariant* GetValue(GraphPart part, std::uint64_t attribute, std::uint64_t item) override {
+    return attributes_.get(part, attribute, item);
+  }
 
  private:
   struct Column {
@@ -47,12 +67,16 @@ class GraphStore final : public oxa::Implements<IGraph> {
   };
 
   Column* find(std::string_view name);
+  bool has(GraphPart part, std::uint64_t item) { return item < graph::item_count(*this, part); }
 
-  // A deque, so that the views in nodes_ and borrowed names stay valid as it grows.
+  // Deques, so that views of labels and names, and borrowed ones, stay valid as they grow.
   std::deque<std::string> labels_;
   std::unordered_map<std::string_view, std::uint64_t> nodes_;
   std::vector<GraphEdge> edges_;
   std::deque<Column> columns_;
+  // By their names.
+  std::unordered_map<std::string_view, Column*> columns_by_name_;
+  AttributeStore attributes_;
 };
 
 OXAResult GraphStore::AddNode(const char* label, std::uint64_t* node) {
@@ -123,6 +147,12 @@ OXAResult GraphStore::SetColumn(const char* name, GraphColumnKind kind, const do
       column->values.swap(copy);
     } else {
       columns_.push_back({name, kind, std::move(copy)});
+      try {
+        columns_by_name_.emplace(columns_.back().name, &columns_.back());
+      } catch (...) {
+        columns_.pop_back();
+        throw;
+      }
     }
     return S_OK;
   });
@@ -146,14 +176,12 @@ const char* GraphStore::GetColumnName(std::uint64_t column) {
 }
 
 GraphStore::Column* GraphStore::find(std::string_view name) {
-  for (Column& column : columns_) {
-    if (column.name == name) {
-      return &column;
-    }
-  }
-  return nullptr;
+  const auto found = columns_by_name_.find(name);
+  return found != columns_by_name_.end() ? found->second : nullptr;
 }
 
 }  // namespace
 
-oxa::Ref<IGraph> make_graph() { return oxa::make<GraphStore>(); }
+oxa::Ref<IGraph> make_graph(oxa::Ref<IOXAPreferences> preferences) {
+  return oxa::make<GraphStore>(std::move(preferences));
+}

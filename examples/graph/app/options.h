@@ -1,23 +1,20 @@
 // What the command line asks for.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
+
+#include "settings.h"
 
 struct Options {
   bool help = false;
   bool version = false;
   bool list = false;
+  bool settings = false;
+  bool check = false;
   bool quiet = false;
-  std::string plugins;
-  // Absent: the usual ones.
-  std::optional<std::vector<std::string>> algorithms;
-  std::string layout = "force";
-  std::string size_by;
-  std::string color_by;
-  std::string theme = "auto";
-  std::string title;
+  // At most one for each setting, in the order in which they were given.
+  std::vector<Assignment> assignments;
   std::string input;
   std::string output;
 };

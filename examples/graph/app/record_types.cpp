@@ -16,8 +16,6 @@ using OXA::Property::DataType;
 
 namespace {
 
-std::string text_of(const char* text) { return text != nullptr ? one_line(text) : std::string(); }
-
 std::string said(const std::string& error) { return "the library says " + in_quotes(error); }
 
 // Why nothing of a file was read. What the library says first is the cause of what it says next.

@@ -11,7 +11,6 @@
 namespace {
 
 constexpr const char* none = "none";
-constexpr const char* usual_algorithms[] = {"pagerank", "betweenness", "degree", "community"};
 
 using Entries = std::vector<const Offered*>;
 
@@ -21,16 +20,21 @@ const Offered* find_named(const Entries& all, const std::string& name) {
   return found != all.end() ? *found : nullptr;
 }
 
+std::vector<std::string> names_of(const Entries& all) {
+  std::vector<std::string> names;
+  names.reserve(all.size());
+  for (const Offered* entry : all) {
+    names.push_back(entry->name);
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
 const Offered* named(const Entries& all, const char* what, const std::string& name) {
   if (const Offered* found = find_named(all, name)) {
     return found;
   }
-  std::vector<std::string> known;
-  known.reserve(all.size());
-  for (const Offered* entry : all) {
-    known.push_back(entry->name);
-  }
-  std::sort(known.begin(), known.end());
+  const std::vector<std::string> known = names_of(all);
   const std::string sentence = std::string("there is no ") + what + " " + in_quotes(name);
   if (known.empty()) {
     throw Problem(sentence + " because no plug-in offers any; name another folder with --plugins",
@@ -61,7 +65,7 @@ const Offered* for_file(const Entries& all, const char* what, const std::string&
                 exit_usage);
 }
 
-// Whether --size-by or --color-by names an algorithm.
+// Whether what sizes or colours go by is an algorithm.
 bool names_column(const std::string& value) { return !value.empty() && value != none; }
 
 void add_once(Entries& chosen, const Offered* algorithm) {
@@ -70,38 +74,62 @@ void add_once(Entries& chosen, const Offered* algorithm) {
   }
 }
 
-// The one that sizes are to show comes first: whether its values fit is known only once it has run,
-// and should be known before the others take their time.
-Entries select_algorithms(const PluginFolder& plugins, const Options& options) {
-  const Entries all = plugins.all<IGraphAlgorithm>();
-  Entries chosen;
-  if (names_column(options.size_by)) {
-    add_once(chosen, named(all, "algorithm", options.size_by));
+// Adds the algorithms that the setting names. Of the usual ones, those that no plug-in offers are
+// left out.
+void add_named(Entries& chosen, const Entries& all, const Settings& settings) {
+  const bool usual = !settings.given(setting::algorithms);
+  const std::vector<std::string> names = split(settings.text(setting::algorithms), ',');
+  if (names == std::vector<std::string>{none}) {
+    return;
   }
-  if (!options.algorithms) {
-    for (const char* name : usual_algorithms) {
-      if (const Offered* found = find_named(all, name)) {
-        add_once(chosen, found);
-      }
-    }
-  } else if (*options.algorithms != std::vector<std::string>{none}) {
-    for (const std::string& name : *options.algorithms) {
+  for (const std::string& name : names) {
+    if (!usual || find_named(all, name) != nullptr) {
       add_once(chosen, named(all, "algorithm", name));
     }
   }
-  if (names_column(options.color_by)) {
-    add_once(chosen, named(all, "algorithm", options.color_by));
+}
+
+// The one that sizes are to show comes first: whether its values fit is known only once it has run,
+// and should be known before the others take their time.
+Entries select_algorithms(const PluginFolder& plugins, const Settings& settings) {
+  const Entries all = plugins.all<IGraphAlgorithm>();
+  const std::string size_by = settings.text(setting::size_by);
+  const std::string color_by = settings.text(setting::color_by);
+  Entries chosen;
+  if (names_column(size_by)) {
+    add_once(chosen, named(all, "algorithm", size_by));
+  }
+  add_named(chosen, all, settings);
+  if (names_column(color_by)) {
+    add_once(chosen, named(all, "algorithm", color_by));
   }
   return chosen;
 }
 
 }  // namespace
 
-Selection select(const PluginFolder& plugins, const Options& options) {
+Selection select(const PluginFolder& plugins, const Options& options, const Settings& settings) {
   Selection selection;
   selection.reader = for_file(plugins.all<IGraphReader>(), "read", options.input);
   selection.writer = for_file(plugins.all<IGraphWriter>(), "write", options.output);
-  selection.algorithms = select_algorithms(plugins, options);
-  selection.layout = named(plugins.all<IGraphLayout>(), "layout", options.layout);
+  selection.algorithms = select_algorithms(plugins, settings);
+  selection.layout = named(plugins.all<IGraphLayout>(), "layout", settings.text(setting::layout));
   return selection;
+}
+
+Selection select_for_check(const PluginFolder& plugins, const Options& options,
+                           const Settings& settings) {
+  Selection selection;
+  selection.reader = for_file(plugins.all<IGraphReader>(), "read", options.input);
+  if (settings.given(setting::algorithms)) {
+    add_named(selection.algorithms, plugins.all<IGraphAlgorithm>(), settings);
+  }
+  return selection;
+}
+
+void add_choices(Settings& settings, const PluginFolder& plugins) {
+  const std::vector<std::string> algorithms = names_of(plugins.all<IGraphAlgorithm>());
+  settings.add_entries(setting::size_by, algorithms);
+  settings.add_entries(setting::color_by, algorithms);
+  settings.add_entries(setting::layout, names_of(plugins.all<IGraphLayout>()));
 }

@@ -15,5 +15,14 @@ struct Selection {
   const Offered* writer = nullptr;
 };
 
-// Throws Problem with exit_usage for a name or an extension that no plug-in serves.
-Selection select(const PluginFolder& plugins, const Options& options);
+// What is needed to draw a picture. Throws Problem with exit_usage for a name or an extension that
+// no plug-in serves. The settings have what the plug-ins offer among their entries.
+Selection select(const PluginFolder& plugins, const Options& options, const Settings& settings);
+
+// What is needed to look for findings: the reader, and algorithms if they were asked for, since
+// they may report some. Throws as above.
+Selection select_for_check(const PluginFolder& plugins, const Options& options,
+                           const Settings& settings);
+
+// Adds what the plug-ins offer to the settings that choose among it.
+void add_choices(Settings& settings, const PluginFolder& plugins);

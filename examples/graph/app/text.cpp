@@ -63,6 +63,8 @@ std::string one_line(std::string_view text) {
   return line;
 }
 
+std::string text_of(const char* text) { return text != nullptr ? one_line(text) : std::string(); }
+
 std::string in_small_letters(std::string text) {
   for (char& letter : text) {
     if (letter >= 'A' && letter <= 'Z') {
@@ -70,6 +72,19 @@ std::string in_small_letters(std::string text) {
     }
   }
   return text;
+}
+
+std::string in_capital_letters(std::string text) {
+  for (char& letter : text) {
+    if (letter >= 'a' && letter <= 'z') {
+      letter = static_cast<char>(letter - 'a' + 'A');
+    }
+  }
+  return text;
+}
+
+bool is_blank(std::string_view text) {
+  return text.find_first_not_of(" \t\n\r") == std::string_view::npos;
 }
 
 std::string counted(std::uint64_t number, const char* thing) {

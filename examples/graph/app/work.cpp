@@ -8,6 +8,7 @@
 #include <map>
 
 #include "files.h"
+#include "findings.h"
 #include "interrupt.h"
 #include "plugin_call.h"
 #include "problem.h"
@@ -94,15 +95,23 @@ class PictureOptions final : public oxa::Implements<IGraphOptions> {
   std::map<std::string, std::string, std::less<>> values_;
 };
 
-void read_graph(const Offered& reader, const std::string& path, IGraph& graph,
-                IOXAProgressIndicator& progress) {
-  const Step step(progress, "reading " + path);
-  const std::string content = read_file(path);
-  Operation operation(reader, "cannot read " + in_quotes(path));
-  operation.run([&](IGraphErrorText* error) {
-    return reader.as<IGraphReader>().Read(content.data(), content.size(), &graph, error);
-  });
-  operation.check();
+// Looks for what is unusual as well, unless nobody is to see it.
+void read_graph(const Offered& reader, const Options& options, const Settings& settings,
+                IGraph& graph, IOXAContext* context) {
+  const auto progress = oxa::service<IOXAProgressIndicator>(context);
+  {
+    const Step step(*progress, "reading " + options.input);
+    const std::string content = read_file(options.input);
+    Operation operation(reader, "cannot read " + in_quotes(options.input));
+    operation.run([&](IGraphErrorText* error) {
+      return reader.as<IGraphReader>().Read(content.data(), content.size(), &graph, error);
+    });
+    operation.check();
+  }
+  if (options.check || !options.quiet) {
+    const Step step(*progress, "checking " + options.input);
+    run_checks(graph, settings, *oxa::service<IOXADiagnosticsManager>(context));
+  }
 }
 
 void compute(const Offered& algorithm, IGraph& graph, IOXAProgressIndicator& progress) {
@@ -115,20 +124,21 @@ void compute(const Offered& algorithm, IGraph& graph, IOXAProgressIndicator& pro
 }
 
 // Throws Problem unless the picture can show the values of the column.
-void check_shown(const std::string& column, const Options& options, IGraph& graph) {
+void check_shown(const std::string& column, const Settings& settings, IGraph& graph) {
   GraphColumnKind kind{};
   const double* values = nullptr;
   graph.GetColumn(column.c_str(), &kind, &values);
-  if (column == options.size_by && kind != GraphColumnKind::measure) {
-    throw Problem("the option --size-by cannot show " + in_quotes(column) +
-                      ", whose values are no quantities; name an algorithm that measures",
-                  exit_usage);
+  const auto refuse = [&](const char* path, const char* why) {
+    throw Problem(
+        settings.source(path) + " cannot show " + in_quotes(column) + ", whose values " + why,
+        exit_usage);
+  };
+  if (column == settings.text(setting::size_by) && kind != GraphColumnKind::measure) {
+    refuse(setting::size_by, "are no quantities; name an algorithm that measures");
   }
-  if (column == options.color_by && kind != GraphColumnKind::measure &&
+  if (column == settings.text(setting::color_by) && kind != GraphColumnKind::measure &&
       kind != GraphColumnKind::category) {
-    throw Problem("the option --color-by cannot show " + in_quotes(column) +
-                      ", whose values are neither quantities nor groups; name another algorithm",
-                  exit_usage);
+    refuse(setting::color_by, "are neither quantities nor groups; name another algorithm");
   }
 }
 
@@ -166,14 +176,16 @@ std::string title_from(const std::string& path) {
   return title;
 }
 
-void write_picture(const Offered& writer, const Options& options, IGraph& graph, OutputFile& file,
-                   IOXAProgressIndicator& progress) {
+void write_picture(const Offered& writer, const Options& options, const Settings& settings,
+                   IGraph& graph, OutputFile& file, IOXAProgressIndicator& progress) {
   const Step step(progress, "writing " + options.output);
   const auto picture = oxa::make<PictureOptions>();
-  picture->set("title", options.title.empty() ? title_from(options.input) : options.title);
-  picture->set("theme", options.theme);
-  picture->set("size", column_to_show(options.size_by, GraphColumnKind::measure, graph));
-  picture->set("color", column_to_show(options.color_by, GraphColumnKind::category, graph));
+  picture->set("title", settings.given(setting::title).value_or(title_from(options.input)));
+  picture->set("theme", settings.text(setting::theme));
+  picture->set("size",
+               column_to_show(settings.text(setting::size_by), GraphColumnKind::measure, graph));
+  picture->set("color",
+               column_to_show(settings.text(setting::color_by), GraphColumnKind::category, graph));
   Operation operation(writer, "cannot write " + in_quotes(options.output));
   operation.run([&](IGraphErrorText* error) {
     return writer.as<IGraphWriter>().Write(&graph, picture.get(), &file, error);
@@ -186,14 +198,24 @@ void write_picture(const Offered& writer, const Options& options, IGraph& graph,
 }  // namespace
 
 // The output is opened first, so that nothing is computed in vain.
-void draw_graph(const Selection& selection, const Options& options, IGraph& graph,
-                IOXAProgressIndicator& progress) {
+void draw_graph(const Selection& selection, const Options& options, const Settings& settings,
+                IGraph& graph, IOXAContext* context) {
+  const auto progress = oxa::service<IOXAProgressIndicator>(context);
   const auto file = oxa::make<OutputFile>(options.output);
-  read_graph(*selection.reader, options.input, graph, progress);
+  read_graph(*selection.reader, options, settings, graph, context);
   for (const Offered* algorithm : selection.algorithms) {
-    compute(*algorithm, graph, progress);
-    check_shown(algorithm->name, options, graph);
+    compute(*algorithm, graph, *progress);
+    check_shown(algorithm->name, settings, graph);
   }
-  arrange(*selection.layout, graph, progress);
-  write_picture(*selection.writer, options, graph, *file, progress);
+  arrange(*selection.layout, graph, *progress);
+  write_picture(*selection.writer, options, settings, graph, *file, *progress);
+}
+
+void check_graph(const Selection& selection, const Options& options, const Settings& settings,
+                 IGraph& graph, IOXAContext* context) {
+  const auto progress = oxa::service<IOXAProgressIndicator>(context);
+  read_graph(*selection.reader, options, settings, graph, context);
+  for (const Offered* algorithm : selection.algorithms) {
+    compute(*algorithm, graph, *progress);
+  }
 }

@@ -16,7 +16,10 @@
 // When that is false it gives up and returns E_FAIL; the host, who stopped it, shows no error.
 #pragma once
 
+#include <oxa/IOXAProperty.h>
 #include <oxa/IOXAReference.h>
+#include <oxa/OXAVariant.h>
+#include <oxa/data_type.h>
 #include <oxa/interface_ids.h>
 #include <oxa/result.h>
 
@@ -40,8 +43,17 @@ enum class GraphColumnKind : std::int32_t {
   position = 2,
 };
 
-// A graph without directions, loops and parallel edges allowed, with named columns that hold a
-// value per node; NaN means that a node has none. Implemented by the host.
+// What an attribute belongs to. Its items are the graph itself, which is number 0, or the nodes or
+// the edges by their numbers.
+enum class GraphPart : std::int32_t { graph = 0, node = 1, edge = 2 };
+
+// A graph without directions, loops and parallel edges allowed. Implemented by the host.
+//
+// Columns are what is computed: a number per node; NaN means that a node has none. Attributes are
+// what the data tells: values of any data type of the graph, of nodes and of edges. An attribute is
+// described by an IOXAProperty with its name, data type, default value and range, with the entries
+// of an enumeration as attributes of the property, and with the support ("graph", "graph"),
+// ("graph", "node") or ("graph", "edge"). Of a kind of item there is one attribute of a name.
 class IGraph : public IOXAReference {
  public:
   // Finds the node called `label`, or adds it, and stores its index.
@@ -80,6 +92,31 @@ class IGraph : public IOXAReference {
   // Returns the name of a column, valid as long as the graph, or null for an index past the last
   // one. Columns keep the order in which they were made.
   virtual const char* GetColumnName(std::uint64_t column) = 0;
+
+  // Finds the attribute called `name`, or adds it, and stores its number, by which it is known from
+  // then on. A new one has the data type, and no value yet: describe it through GetAttribute.
+  // S_OK for a new one; S_FALSE for one that was there; E_TYPEMISMATCH for one that was there with
+  // another data type; E_INVALIDARG for a null argument, an empty name, a part or data type that
+  // there is not, and for "weight" of edges, which GraphEdge holds; E_NOTFOUND when the host has no
+  // preferences, which make descriptions; E_OUTOFMEMORY. After a failure nothing is added.
+  virtual OXAResult AddAttribute(GraphPart part, const char* name, OXA::Property::DataType type,
+                                 std::uint64_t* attribute) = 0;
+
+  // Returns what describes attribute number `attribute` of a part, borrowed, and valid as long as
+  // the graph; null past the last one. Its data type stays as it is.
+  virtual IOXAProperty* GetAttribute(GraphPart part, std::uint64_t attribute) = 0;
+
+  // Stores a copy of a value, which has the kind of the data type (oxa::kind_of); one of the kind
+  // Nothing takes the value away. Range and enumeration are not consulted.
+  // S_OK; E_INVALIDARG for an attribute or an item that is not there; E_TYPEMISMATCH for another
+  // kind; E_OUTOFMEMORY. After a failure nothing is changed.
+  virtual OXAResult SetValue(GraphPart part, std::uint64_t attribute, std::uint64_t item,
+                             const OXAVariant& value) = 0;
+
+  // Returns the value of an item, valid until one of the attribute is set; null when it has none,
+  // whatever the default is, and for an attribute or an item that is not there.
+  virtual const OXAVariant* GetValue(GraphPart part, std::uint64_t attribute,
+                                     std::uint64_t item) = 0;
 
  protected:
   ~IGraph() = default;

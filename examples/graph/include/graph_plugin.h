@@ -1,6 +1,7 @@
 // Writing a plug-in for oxa-graph: base classes that leave only the work to write, and short forms
-// of the graph's operations. What is written on top of them may throw: a Failure carries the
-// sentence for people, and every other exception becomes a result code.
+// of the graph's operations; <graph_values.h> turns values of attributes into text and back. What
+// is written on top of them may throw: a Failure carries the sentence for people, and every other
+// exception becomes a result code.
 #pragma once
 
 #include <graph_contract.h>
@@ -9,6 +10,7 @@
 #include <oxa/sdk/implements.h>
 
 #include <cstddef>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -72,6 +74,34 @@ inline const double* find_column(IGraph& graph, const char* name, GraphColumnKin
   const double* values = nullptr;
   graph.GetColumn(name, kind != nullptr ? kind : &ignored, &values);
   return values;
+}
+
+// Returns how many items a part has.
+inline std::uint64_t item_count(IGraph& graph, GraphPart part) {
+  return part == GraphPart::graph  ? 1
+         : part == GraphPart::node ? graph.GetNodeCount()
+                                   : graph.GetEdgeCount();
+}
+
+// Returns the number of an attribute that is there or added, of which a new one has no value yet.
+// Throws a Failure.
+inline std::uint64_t add_attribute(IGraph& graph, GraphPart part, const char* name,
+                                   OXA::Property::DataType type) {
+  std::uint64_t attribute = 0;
+  check(graph.AddAttribute(part, name, type, &attribute));
+  return attribute;
+}
+
+// Returns the number of the attribute called `name`, nothing when there is none.
+inline std::optional<std::uint64_t> find_attribute(IGraph& graph, GraphPart part,
+                                                   std::string_view name) {
+  for (std::uint64_t attribute = 0; IOXAProperty* found = graph.GetAttribute(part, attribute);
+       ++attribute) {
+    if (found->Name() == name) {
+      return attribute;
+    }
+  }
+  return std::nullopt;
 }
 
 // Ends the operation when the host has asked it to stop.

@@ -2,6 +2,7 @@
 //
 // Weights say how strong a tie is, so those measures use them that add up or follow strength;
 // closeness and betweenness go by the number of steps, since strength is no length.
+#include <graph_settings.h>
 #include <igraph_algorithm.h>
 #include <oxa/sdk/plugin.h>
 
@@ -47,13 +48,19 @@ class Betweenness final : public graph::IgraphMeasure {
 class PageRank final : public graph::IgraphMeasure {
  public:
   explicit PageRank(IOXAContext* context)
-      : IgraphMeasure(context, "pagerank", "how often a random walk visits a node") {}
+      : IgraphMeasure(context, "pagerank", "how often a random walk visits a node"),
+        damping_(context, "centralities", "damping", 0.85, {0.01, 0.99},
+                 {"Algorithms", "damping of pagerank",
+                  "how likely the random walk goes on along an edge, rather than anywhere"}) {}
 
  private:
   igraph_error_t measure(IgraphGraph& igraph, igraph_vector_t* result) override {
     return igraph_pagerank(igraph.get(), IGRAPH_PAGERANK_ALGO_PRPACK, result, nullptr,
-                           igraph_vss_all(), IGRAPH_UNDIRECTED, 0.85, igraph.weights(), nullptr);
+                           igraph_vss_all(), IGRAPH_UNDIRECTED, damping_.value(), igraph.weights(),
+                           nullptr);
   }
+
+  graph::NumberSetting<double> damping_;
 };
 
 class Eigenvector final : public graph::IgraphMeasure {

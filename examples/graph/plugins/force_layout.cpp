@@ -1,4 +1,5 @@
 // The force layout, computed by igraph: each connected part on its own, the parts side by side.
+#include <graph_settings.h>
 #include <igraph_bridge.h>
 #include <oxa/sdk/plugin.h>
 
@@ -13,9 +14,6 @@ namespace {
 using graph::IgraphGraph;
 using graph::IgraphPoints;
 using graph::Part;
-
-// Distances between all pairs are kept in memory up to this many nodes.
-constexpr std::size_t largest_for_distances = 1500;
 
 std::vector<Part> parts_of(IGraph& graph) {
   graph::IgraphIntegers membership;
@@ -50,20 +48,26 @@ void start_on_circle(IgraphPoints& points, std::size_t count) {
   }
 }
 
-void arrange_part(Part& part) {
+// What people choose. Distances between all pairs are kept in memory.
+struct Effort {
+  int rounds;
+  int most_for_distances;
+};
+
+void arrange_part(Part& part, const Effort& effort) {
   const std::size_t count = part.nodes.size();
   IgraphPoints points(count);
   if (count > 1) {
     const IgraphGraph igraph(count, part.edges);
     start_on_circle(points, count);
-    if (count <= largest_for_distances) {
+    if (count <= static_cast<std::size_t>(effort.most_for_distances)) {
       const auto rounds = static_cast<igraph_integer_t>(50 * count);
       graph::check_igraph(igraph_layout_kamada_kawai(igraph.get(), points.get(), true, rounds, 0,
                                                      static_cast<double>(count), nullptr, nullptr,
                                                      nullptr, nullptr, nullptr));
     }
     graph::check_igraph(igraph_layout_fruchterman_reingold(
-        igraph.get(), points.get(), true, 500, std::sqrt(static_cast<double>(count)) / 10,
+        igraph.get(), points.get(), true, effort.rounds, std::sqrt(static_cast<double>(count)) / 10,
         IGRAPH_LAYOUT_AUTOGRID, nullptr, nullptr, nullptr, nullptr, nullptr));
   }
   for (std::size_t node = 0; node < count; ++node) {
@@ -75,7 +79,13 @@ class Force final : public graph::Layout {
  public:
   explicit Force(IOXAContext* context)
       : Layout("force", "tied nodes close together (distances, then Fruchterman-Reingold)"),
-        context_(context) {}
+        context_(context),
+        rounds_(context, "force_layout", "rounds", 500, {0, 100000},
+                {"Layout", "rounds of force", "rounds of Fruchterman-Reingold"}),
+        most_for_distances_(
+            context, "force_layout", "distances-up-to", 1500, {0, 10000},
+            {"Layout", "distances of force",
+             "up to so many nodes, distances between all pairs arrange a part first"}) {}
 
  private:
   void arrange(IGraph& graph) override {
@@ -84,10 +94,11 @@ class Force final : public graph::Layout {
     std::vector<double> y(count);
     const graph::IgraphScope scope(context_);
     const auto progress = oxa::service<IOXAProgressIndicator>(context_);
+    const Effort effort{rounds_.value(), most_for_distances_.value()};
     std::vector<Part> parts = parts_of(graph);
     for (Part& part : parts) {
       graph::stop_if_asked(progress.get());
-      arrange_part(part);
+      arrange_part(part, effort);
       turn_and_scale(part);
       even_out(part);
       loosen(part);
@@ -104,6 +115,8 @@ class Force final : public graph::Layout {
   }
 
   IOXAContext* context_;
+  graph::NumberSetting<int> rounds_;
+  graph::NumberSetting<int> most_for_distances_;
 };
 
 }  // namespace
