@@ -3,35 +3,28 @@
 
 LOADING and RESOLVING are what loading_bench and resolving_bench wrote as JSON.
 """
-import json
-import statistics
 import sys
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).parents[1]))
 from page import put
+from results import Results, counter
 
 COUNTS = ["10", "1000", "100000", "1000000"]
 ROWS = [
-    ("`p::t`", "BM_ResolveType/plain"),
-    ("`x$p::t%2`", "BM_ResolveType/decorated"),
-    ("`unsigned long long`", "BM_ResolveBuiltIn"),
-    ("two `std::unordered_map`", "BM_ResolveInMaps"),
+    ("`p::t`", ("BM_ResolveType", "plain")),
+    ("`x$p::t%2`", ("BM_ResolveType", "decorated")),
+    ("`unsigned long long`", ("BM_ResolveBuiltIn",)),
+    ("two `std::unordered_map`", ("BM_ResolveInMaps",)),
 ]
 
 
-def medians(results):
-    """Median CPU time by the name of the case, in the unit of the case."""
-    runs = {}
-    for run in json.loads(results.read_text(encoding="utf-8"))["benchmarks"]:
-        if run["run_type"] == "iteration":
-            runs.setdefault(run["run_name"], []).append(run["cpu_time"])
-    return {name: statistics.median(times) for name, times in runs.items()}
+def tables(results):
+    def time(*case):
+        return results.median(case, counter("cpu_time"))
 
-
-def tables(times):
-    parse = times["BM_ParseFolder"]
-    load = times["BM_LoadFolder"]
+    parse = time("BM_ParseFolder")
+    load = time("BM_LoadFolder")
     types = 100000
     lines = [
         "| 1,000 files, 100,000 types, 400,000 members | ms | ns per type |",
@@ -44,7 +37,7 @@ def tables(times):
         "|---|" + "---:|" * len(COUNTS),
     ]
     for name, case in ROWS:
-        cells = (f"{times[f'{case}/{count}']:.0f}" for count in COUNTS)
+        cells = (f"{time(*case, count):.0f}" for count in COUNTS)
         lines.append(f"| {name} | " + " | ".join(cells) + " |")
     return "\n".join(lines)
 
@@ -53,7 +46,7 @@ def main(arguments):
     if len(arguments) != 3:
         sys.exit(__doc__)
     loading, resolving, page = map(Path, arguments)
-    put(page, "record types", tables(medians(loading) | medians(resolving)))
+    put(page, "record types", tables(Results(loading, resolving)))
 
 
 main(sys.argv[1:])

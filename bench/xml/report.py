@@ -4,15 +4,14 @@
 RESULTS is what xml_bench wrote as JSON. What stands in PAGE between the two markers is replaced by
 tables; PICTURE is written anew.
 """
-import json
-import statistics
 import sys
 import textwrap
 from pathlib import Path
-from xml.sax.saxutils import escape
 
 sys.path.insert(0, str(Path(__file__).parents[1]))
-from page import put
+import picture
+from page import figure, markdown, put
+from results import Results, counter
 
 OURS = "oxa"
 DOCUMENTS = ["extension", "graph", "text", "deep", "wide"]
@@ -20,32 +19,6 @@ SIZES = ["large", "small"]
 SCALES = ["1x", "4x", "16x", "64x"]
 # What is shown for whom, in this order.
 LIBRARIES = [OURS, "pugixml", "RapidXML", "tinyxml2", "expat tree", "libxml2"]
-
-
-class Results:
-    """The cases by operation, document, size and library."""
-
-    def __init__(self, path):
-        self.machine = json.loads(path.read_text(encoding="utf-8"))
-        self.runs = {}
-        self.errors = {}
-        for run in self.machine["benchmarks"]:
-            if run["run_type"] != "iteration":
-                continue
-            case = tuple(run["run_name"].split("/")[:4])
-            if run.get("error_occurred"):
-                self.errors[case] = run["error_message"]
-            else:
-                self.runs.setdefault(case, []).append(run)
-        self.machine = self.machine["context"]
-
-    def median(self, case, value):
-        """The median of `value(run)` over the repetitions of a case, None when there is none."""
-        values = [value(run) for run in self.runs.get(case, [])]
-        return statistics.median(values) if values and None not in values else None
-
-    def repetitions(self):
-        return max(map(len, self.runs.values()))
 
 
 def megabytes_per_second(run):
@@ -69,10 +42,6 @@ def bytes_per_byte(run):
     return run["bytes_per_element"] * run["elements"] / run["size"]
 
 
-def counter(name):
-    return lambda run: run[name]
-
-
 # Heading, operation, value of a run, whether more is better.
 TABLES = [
     ("Parse from memory, MB/s", "parse_memory", megabytes_per_second, True),
@@ -83,27 +52,6 @@ TABLES = [
     ("Memory, bytes per element", "memory", counter("bytes_per_element"), False),
     ("Memory, allocations per element", "memory", counter("allocations_per_element"), False),
 ]
-
-
-def figure(number, missing="-"):
-    """Three significant digits, without an exponent."""
-    if number is None:
-        return missing
-    if number == 0:
-        return "0"
-    if number >= 100:
-        return f"{number:,.0f}"
-    if number >= 10:
-        return f"{number:.1f}"
-    if number >= 0.995:
-        return f"{number:.2f}"
-    return f"{number:.3f}" if number >= 0.01 else f"{number:.2g}" if number >= 1e-4 else "< 0.0001"
-
-
-def markdown(rows, headings, words=1):
-    """A table whose first columns, so many, are words and the others numbers."""
-    lines = [headings, ["---"] * words + ["---:"] * (len(headings) - words), *rows]
-    return "\n".join("| " + " | ".join(line) + " |" for line in lines)
 
 
 def comparison(results, operation, value, more_is_better):
@@ -181,7 +129,7 @@ def tables(results):
     return "\n\n".join(parts)
 
 
-class Picture:
+class Picture(picture.Picture):
     """Bars in small panels: a row for each document, a column for each measure."""
 
     COLUMNS = [
@@ -191,43 +139,9 @@ class Picture:
         ("Memory", "bytes per byte read, less is better", "memory", bytes_per_byte),
     ]
     ROWS = ["extension", "graph", "text"]
-    LEFT, TOP, PANEL, GAP, BAR, STEP, ROW_GAP = 100, 92, 200, 36, 14, 20, 46
-    STYLE = (
-        "text{font:13px system-ui,sans-serif;fill:#1f2933}"
-        ".head{font-size:18px;font-weight:600}.column{font-weight:600}.row{font-weight:600}"
-        ".note{fill:#52606d}.ours{fill:#0b5cad}.peer{fill:#9aa5b1}.us{font-weight:700;fill:#0b5cad}"
-        ".axis{stroke:#52606d}"
-    )
+    LEFT, TOP, PANEL, GAP, ROW_GAP = 100, 92, 200, 36, 46
 
-    def __init__(self, results):
-        self.results = results
-        self.parts = []
-
-    def text(self, x, y, content, kind="", anchor="start"):
-        self.parts.append(
-            f'<text x="{x:.1f}" y="{y:.1f}" class="{kind}" text-anchor="{anchor}">'
-            f"{escape(content)}</text>"
-        )
-
-    def panel(self, left, top, cells):
-        """Bars with their values, to a scale of their own."""
-        longest = max((cell for cell in cells if cell is not None), default=0)
-        room = self.PANEL - 44
-        for position, (library, cell) in enumerate(zip(LIBRARIES, cells)):
-            y = top + position * self.STEP
-            ours = library == OURS
-            width = 0 if cell is None else max(1, room * cell / longest)
-            self.parts.append(
-                f'<rect x="{left}" y="{y}" width="{width:.1f}" height="{self.BAR}" '
-                f'class="{"ours" if ours else "peer"}"/>'
-            )
-            self.text(left + width + 5, y + self.BAR - 2, figure(cell), "us" if ours else "")
-        bottom = top + (len(LIBRARIES) - 1) * self.STEP + self.BAR
-        self.parts.append(
-            f'<line x1="{left}" y1="{top - 3}" x2="{left}" y2="{bottom + 3}" class="axis"/>'
-        )
-
-    def draw(self):
+    def draw(self, results):
         height = len(LIBRARIES) * self.STEP + self.ROW_GAP
         width = self.LEFT + len(self.COLUMNS) * (self.PANEL + self.GAP)
         self.text(16, 30, "Large XML documents: speed and memory, beside other libraries", "head")
@@ -238,43 +152,30 @@ class Picture:
         for row, document in enumerate(self.ROWS):
             top = self.TOP + row * height + 22
             self.text(16, top - 12, f"{document} document, large", "row")
-            for position, library in enumerate(LIBRARIES):
-                y = top + position * self.STEP + self.BAR - 2
-                self.text(self.LEFT - 8, y, library, "us" if library == OURS else "", "end")
+            self.bar_names(self.LEFT - 8, top, LIBRARIES)
             for column, (name, _, operation, value) in enumerate(self.COLUMNS):
                 left = self.LEFT + column * (self.PANEL + self.GAP)
                 if name == "Find" and document == "text":
                     self.text(left, top + self.BAR - 2, "too few elements", "note")
                     continue
                 cases = [(operation, document, "large", library) for library in LIBRARIES]
-                self.panel(left, top, [self.results.median(case, value) for case in cases])
-        return self.framed(width, self.TOP + len(self.ROWS) * height)
-
-    def framed(self, width, height):
-        title = "Speed and memory of XML libraries"
-        description = (
+                self.bars(left, top, self.PANEL, [results.median(case, value) for case in cases])
+        return self.framed(
+            width,
+            self.TOP + len(self.ROWS) * height,
+            "Speed and memory of XML libraries",
             "Bars for each library, in panels for three documents and four measures; the same "
-            "figures stand in the tables of the page."
+            "figures stand in the tables of the page.",
         )
-        return "\n".join([
-            f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {width} {height}" '
-            f'width="{width}" height="{height}" role="img" aria-labelledby="title description">',
-            f'<title id="title">{title}</title>',
-            f'<desc id="description">{description}</desc>',
-            f"<style>{self.STYLE}</style>",
-            f'<rect width="{width}" height="{height}" fill="#ffffff"/>',
-            *self.parts,
-            "</svg>\n",
-        ])
 
 
 def main(arguments):
     if len(arguments) != 3:
         sys.exit(__doc__)
-    results, page, picture = map(Path, arguments)
+    results, page, drawn = map(Path, arguments)
     results = Results(results)
     put(page, "figures", tables(results))
-    picture.write_text(Picture(results).draw(), encoding="utf-8")
+    drawn.write_text(Picture().draw(results), encoding="utf-8")
 
 
 main(sys.argv[1:])

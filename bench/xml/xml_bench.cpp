@@ -3,17 +3,15 @@
 // depend on the size.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
-#include <sys/mman.h>
-#include <time.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <map>
-#include <thread>
 
-#include "xml/allocations.h"
+#include "support/allocations.h"
+#include "support/process.h"
 #include "xml/documents.h"
 #include "xml/library.h"
 
@@ -26,25 +24,7 @@ using bench::xml_library;
 using bench::xml_tree;
 using tree_pointer = std::unique_ptr<xml_tree>;
 
-// malloc is faster in a process that has never had a second thread; a host is not such a process.
-const bool threaded = (std::thread([] {}).join(), true);
-
-// The time that this thread has run for, in the kernel too: that of other processes is no part of
-// it.
-double processor_seconds() {
-  constexpr double nanosecond = 1e-9;
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * nanosecond;
-}
-
-// What one library frees must not change how the next one gets its memory: by itself, malloc would
-// move the size from which on it maps blocks.
-const bool fixed_malloc = [] {
-  constexpr int mapped = 1 << 20;
-  constexpr int kept = 1 << 26;
-  return mallopt(M_MMAP_THRESHOLD, mapped) != 0 && mallopt(M_TRIM_THRESHOLD, kept) != 0;
-}();
+const bool like_a_host = bench::like_a_host();
 
 // A library that asks for huge pages gets them unless this says "never".
 const bool huge_pages_told = [] {
@@ -53,23 +33,6 @@ const bool huge_pages_told = [] {
   benchmark::AddCustomContext("huge_pages", setting);
   return true;
 }();
-
-// Takes fresh memory and gives it back. A virtual machine may have returned what was free to its
-// host, and gets it again as slowly as ten times the time that clearing it takes; this way none of
-// the libraries waits for that.
-void back_with_memory(std::size_t bytes) {
-  constexpr std::size_t page = 4096;
-  void* const mapped =
-      mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  if (mapped == MAP_FAILED) {
-    return;
-  }
-  static_cast<void>(madvise(mapped, bytes, MADV_HUGEPAGE));
-  for (std::size_t at = 0; at < bytes; at += page) {
-    static_cast<volatile char*>(mapped)[at] = 1;
-  }
-  munmap(mapped, bytes);
-}
 
 // Gives the path of a file that goes when the program ends.
 std::string scratch_file(const std::string& name) {
@@ -131,7 +94,7 @@ struct subject {
   // Makes ready for taking about as much memory as the trees of large documents do.
   void expect_tree() const {
     constexpr std::size_t bytes_per_byte = 8;
-    back_with_memory(document().text.size() * bytes_per_byte);
+    bench::back_with_memory(document().text.size() * bytes_per_byte);
   }
 
   // Times `timed` with what `prepare` gives. All begin without memory that another case has freed.
@@ -140,9 +103,9 @@ struct subject {
     malloc_trim(0);
     for (auto step : state) {
       auto prepared = prepare();
-      const double begin = processor_seconds();
+      const double begin = bench::processor_seconds();
       timed(prepared);
-      state.SetIterationTime(processor_seconds() - begin);
+      state.SetIterationTime(bench::processor_seconds() - begin);
     }
     const auto size = static_cast<std::int64_t>(document().text.size());
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * size);

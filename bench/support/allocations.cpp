@@ -1,4 +1,4 @@
-#include "xml/allocations.h"
+#include "support/allocations.h"
 
 #include <malloc.h>
 #include <sys/mman.h>
