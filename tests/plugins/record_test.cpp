@@ -122,6 +122,27 @@ TEST(SharedObjectFileTest, AHeaderCutShortIsNotComplete) {
   EXPECT_FALSE(oxa::is_complete_shared_object(folder.write("x.so", bytes).c_str()));
 }
 
+// Beyond the first page of the file.
+TEST(SharedObjectFileTest, SegmentsMayBeDescribedAnywhere) {
+  const TemporaryFolder folder;
+  constexpr std::size_t far = 4096 - sizeof(Elf64_Phdr) / 2;
+  for (const std::uint64_t excess : {0, 1}) {
+    Image image;
+    const Elf64_Phdr segment = image.segment;
+    std::string bytes(reinterpret_cast<const char*>(&image), sizeof image);
+    image.header.e_phoff = far;
+    bytes.replace(0, sizeof image.header, reinterpret_cast<const char*>(&image.header),
+                  sizeof image.header);
+    bytes.resize(far + sizeof segment);
+    Elf64_Phdr described = segment;
+    described.p_offset = 0;
+    described.p_filesz = bytes.size() + excess;
+    bytes.replace(far, sizeof described, reinterpret_cast<const char*>(&described),
+                  sizeof described);
+    EXPECT_EQ(oxa::is_complete_shared_object(folder.write("x.so", bytes).c_str()), excess == 0);
+  }
+}
+
 TEST(SharedObjectFileTest, AFolderIsNotComplete) {
   EXPECT_FALSE(oxa::is_complete_shared_object(TemporaryFolder().path().c_str()));
 }

@@ -1,4 +1,5 @@
 // Values of properties as text, in both directions.
+#include "properties/real_writing.h"
 #include "value_text_table.h"
 
 #include <cerrno>
@@ -405,6 +406,21 @@ TEST(ValueTextTest, ATextNeedsACharacterThatIsNotBlank) {
                           {"\x7F", true}, {"\x80", true},         {"0", true},     {"\r\n.", true}};
   for (const Tested& each : texts) {
     EXPECT_EQ(test_string(each.text), each.storable) << each.text;
+  }
+}
+
+// Digits that are all nines give one digit more.
+TEST(ValueTextTest, RoundingMayCarryIntoAnotherDigit) {
+  const struct {
+    double number;
+    const char* text;
+  } cases[] = {
+      {9.999999999, "10"},         {99.999999999, "100"},          {0.9999999999, "1"},
+      {0.00099999999999, "0.001"}, {-999999.99999999, "-1000000"}, {9999999.9999999, "10000000"}};
+  std::string text;
+  for (const auto& each : cases) {
+    write_real(each.number, 8, text);
+    EXPECT_EQ(text, each.text);
   }
 }
 
