@@ -8,8 +8,9 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).parents[1]))
 import picture
-from page import figure, grid, put
-from results import Results, counter, manual_nanoseconds
+import reporting
+from page import figure, grid
+from results import counter, manual_nanoseconds
 
 OURS, MODEL, DATABASE = TABLES = ["oxa", "QStandardItemModel", "SQLite"]
 SIZES = [1_000, 10_000, 30_000, 100_000, 1_000_000]
@@ -85,13 +86,4 @@ def draw(results):
     )
 
 
-def main(arguments):
-    if len(arguments) != 3:
-        sys.exit(__doc__)
-    results, page, drawn = map(Path, arguments)
-    results = Results(results)
-    put(page, "findings", tables(results, drawn.name))
-    drawn.write_text(draw(results), encoding="utf-8")
-
-
-main(sys.argv[1:])
+reporting.run(__doc__, "findings", tables, draw)

@@ -8,8 +8,9 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).parents[1]))
 import picture
-from page import figure, markdown, put
-from results import Results, counter
+import reporting
+from page import figure, markdown
+from results import counter
 
 CASE = ("load_plugins",)
 WAYS = [("LoadAll", "load_us"), ("open and call", "open_us")]
@@ -35,13 +36,4 @@ def draw(results):
     )
 
 
-def main(arguments):
-    if len(arguments) != 3:
-        sys.exit(__doc__)
-    results, page, drawn = map(Path, arguments)
-    results = Results(results)
-    put(page, "plug-ins", table(results, drawn.name))
-    drawn.write_text(draw(results), encoding="utf-8")
-
-
-main(sys.argv[1:])
+reporting.run(__doc__, "plug-ins", table, draw)

@@ -8,8 +8,9 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).parents[1]))
 import picture
-from page import grid, put, span
-from results import Results, processor_nanoseconds
+import reporting
+from page import grid, span
+from results import processor_nanoseconds
 
 OURS = ["oxa", "oxa, text"]
 PEERS = ["GKeyFile", "QSettings", "property_tree"]
@@ -74,13 +75,4 @@ def draw(results):
     )
 
 
-def main(arguments):
-    if len(arguments) != 3:
-        sys.exit(__doc__)
-    results, page, drawn = map(Path, arguments)
-    results = Results(results)
-    put(page, "settings", tables(results, drawn.name))
-    drawn.write_text(draw(results), encoding="utf-8")
-
-
-main(sys.argv[1:])
+reporting.run(__doc__, "settings", tables, draw)

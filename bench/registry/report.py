@@ -8,8 +8,9 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).parents[1]))
 import picture
-from page import figure, grid, put
-from results import Results, manual_nanoseconds
+import reporting
+from page import figure, grid
+from results import manual_nanoseconds
 
 OURS = "oxa"
 REGISTRIES = [
@@ -68,13 +69,4 @@ def draw(results):
     )
 
 
-def main(arguments):
-    if len(arguments) != 3:
-        sys.exit(__doc__)
-    results, page, drawn = map(Path, arguments)
-    results = Results(results)
-    put(page, "registry", tables(results, drawn.name))
-    drawn.write_text(draw(results), encoding="utf-8")
-
-
-main(sys.argv[1:])
+reporting.run(__doc__, "registry", tables, draw)
